@@ -1,0 +1,21 @@
+// NxXmlLib9: runtime library of the XML data binder. Include this header
+// alone; it brings in every public class of the library.
+#pragma once
+
+#include "NxFoundation.h"
+#include "NxException.h"
+#include "NxSmartPtr.h"
+
+#include "NxTextStream.h"
+#include "NxXmlWriter.h"
+
+#include "NxFastInfosetContext.h"
+#include "NxSerializationContext.h"
+
+#include "NxConversions.h"
+#include "NxBinaryData.h"
+#include "NxEncoder.h"
+
+#include "NxXmlObjectBase.h"
+#include "NxCollectionBase.h"
+#include "NxVariant.h"
