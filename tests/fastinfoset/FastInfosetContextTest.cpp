@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <utility>
 
 #include "NxXmlLib9.h"
@@ -51,24 +50,6 @@ TEST(FastInfosetContext, EncodingOutsideTheItemTypesIsIgnored)
     EXPECT_EQ(CFastInfosetContext::EncodingDefault, context.GetEncoding(29).kind);
     EXPECT_EQ(CFastInfosetContext::EncodingDefault, context.GetEncoding(ItemTypeXmlCollection).kind);
     EXPECT_EQ(CFastInfosetContext::EncodingRestrictedAlphabet, context.GetEncoding(ItemTypeString).kind);
-}
-
-TEST(FastInfosetContext, CopyCarriesOptionsAndAPrivateVocabulary)
-{
-    CFastInfosetContext source;
-    source.SetUseGeneratedVocabulary(true);
-    source.SetExternalVocabularyURI("urn:vocabulary");
-    source.SetAttributeMaxAddLength(10);
-    source.SetSuggestedValues();
-    source.GetVocabulary().AddLocalName("name");
-
-    CFastInfosetContext copy(source);
-    EXPECT_TRUE(copy.GetUseGeneratedVocabulary());
-    EXPECT_EQ("urn:vocabulary", copy.GetExternalVocabularyURI());
-    EXPECT_EQ(10u, copy.GetAttributeMaxAddLength());
-    EXPECT_EQ(CFastInfosetContext::EncodingAlgorithm, copy.GetEncoding(ItemTypeI4).kind);
-    copy.GetVocabulary().AddLocalName("other");
-    EXPECT_EQ(1u, source.GetVocabulary().GetLocalNamesTable().size());
 }
 
 TEST(FastInfosetContext, DeclarationTexts)
