@@ -7,8 +7,11 @@
 #include <vector>
 
 #include "NxFastInfosetContext.h"
+#include "NxSmartPtr.h"
 
 namespace NxXmlLib9 {
+
+class CXmlCollectionBase;
 
 // Mode of the schema the generated code came from. Only
 // SchemaTypeNoNamespaces changes anything: it makes the whole library ignore
@@ -65,9 +68,11 @@ class CXmlSerializationContext {
 public:
     CXmlSerializationContext();
     // Copies every field. The alias map, the processing instructions and the
-    // binary options with their vocabulary are deep copies.
+    // binary options with their vocabulary are deep copies; the additional
+    // root attributes are shared, so attributes added through a copy show in
+    // the source and the other way round.
     CXmlSerializationContext(const CXmlSerializationContext& other);
-    CXmlSerializationContext& operator=(const CXmlSerializationContext& other) = default;
+    CXmlSerializationContext& operator=(const CXmlSerializationContext& other);
     virtual ~CXmlSerializationContext();
 
     // What every operation given no context of its own uses. Changes to it
@@ -124,7 +129,9 @@ private:
     std::string m_defaultNamespaceURI;
     bool m_writeTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;
-    // The additional root attributes are declared with the collection classes.
+    // Extra attributes of the root element: an attribute collection made on
+    // first request, which a const context may do, and shared by copies.
+    mutable CSmartPtr<CXmlCollectionBase> m_additionalRootAttributes;
     std::vector<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     bool m_ignoreInvalidCollectionCounts;

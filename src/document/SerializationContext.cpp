@@ -2,6 +2,7 @@
 // serialization context.
 #include "NxSerializationContext.h"
 
+#include "NxCollectionBase.h"
 #include "NxException.h"
 #include "document/TextArgument.h"
 
@@ -27,6 +28,7 @@ CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContex
     : m_defaultNamespaceURI(other.m_defaultNamespaceURI),
       m_writeTypeAttribute(other.m_writeTypeAttribute),
       m_namespaceAliases(other.m_namespaceAliases),
+      m_additionalRootAttributes(other.m_additionalRootAttributes),
       m_processingInstructions(other.m_processingInstructions),
       m_inLineSchema(other.m_inLineSchema),
       m_ignoreInvalidCollectionCounts(other.m_ignoreInvalidCollectionCounts),
@@ -41,6 +43,8 @@ CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContex
       m_stripCDATA(other.m_stripCDATA)
 {
 }
+
+CXmlSerializationContext& CXmlSerializationContext::operator=(const CXmlSerializationContext& other) = default;
 
 CXmlSerializationContext::~CXmlSerializationContext() = default;
 
