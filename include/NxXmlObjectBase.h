@@ -1,1 +1,112 @@
+// The root of every serializable object: generated classes, collections and
+// the untyped element and attribute classes. It carries the element name and
+// an intrusive reference count, and its public entries hand over to the
+// protected walks ToXml_Int and FromXml_Int.
 #pragma once
+
+#include <string>
+
+#include "NxException.h"
+#include "NxFoundation.h"
+#include "NxSmartPtr.h"
+
+namespace NxXmlLib9Data {
+class CElementInfo;
+class CAttributeInfo;
+} // namespace NxXmlLib9Data
+
+namespace NxXmlLib9 {
+
+class CXmlObjectBase;
+class CXmlCollectionBase;
+class CXmlElement;
+class CXmlSerializationContext;
+class CXmlWriter;
+
+// Generated code calls this before its first object is made; every public
+// entry refuses to work unless the generator's version is the runtime's.
+void RegisterGeneratorVersion(int major, int minor);
+
+class IEventSink {
+public:
+    enum MsgType : int {
+        MsgType_CollectionChange = 0,
+        MsgType_CollectionAdd = 1,
+        MsgType_CollectionAddComplete = 2,
+        MsgType_CollectionRemove = 3,
+        MsgType_CollectionRemoveComplete = 4
+    };
+
+    virtual void OnEvent(CXmlObjectBase* source, IEventSink::MsgType type, void* data) = 0;
+    virtual CXmlObjectBase* GetBase() = 0;
+
+protected:
+    ~IEventSink() = default;
+};
+
+class CXmlObjectBase : public IEventSink {
+    friend class NxXmlLib9Data::CElementInfo;
+    friend class NxXmlLib9Data::CAttributeInfo;
+    friend class CXmlCollectionBase;
+
+public:
+    CXmlObjectBase();
+    // A copy is a new object: it takes the name but starts uncounted.
+    CXmlObjectBase(const CXmlObjectBase& other);
+    CXmlObjectBase& operator=(const CXmlObjectBase& other);
+
+    void OnEvent(CXmlObjectBase* source, IEventSink::MsgType type, void* data) override;
+    CXmlObjectBase* GetBase() override = 0;
+
+    virtual ~CXmlObjectBase();
+
+    virtual std::string GetTargetNamespace() const = 0;
+    virtual std::string GetNamespace() const = 0;
+
+    // Reference count, guarded by the object's own lock. Release deletes the
+    // object when the count reaches zero. Both return the new count.
+    long long AddRef();
+    long long Release();
+
+    std::string GetElementName() const;
+    void SetElementName(const char* name);
+
+    // Non-virtual form for constant access; a class that overrides the
+    // virtual GetBase hides this one by name.
+    CXmlObjectBase* GetBase() const;
+
+    // Helpers that deliver the collection events to one listener.
+    static void FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection);
+    static void FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
+    static void FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item);
+    static void FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection, int index);
+    static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection, int index);
+
+    // Argument guards for generated setters.
+    static void Throw_IfPropertyIsNull(CXmlObjectBase* value, const char* name);
+    static void Throw_IfElementNameDiffers(CXmlObjectBase* value, const char* name);
+
+protected:
+    virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;
+    virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* elementNamespace,
+                           const CXmlSerializationContext& context, bool isOptionalChoice) const = 0;
+    virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* cursor,
+                                     const CXmlSerializationContext& context, bool isOptionalChoice) = 0;
+
+    // Forwarders that let helper classes reach the protected walks of
+    // another object.
+    static void AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
+                                    const CXmlSerializationContext& context);
+    static void ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot,
+                          const char* elementNamespace, const CXmlSerializationContext& context,
+                          bool isOptionalChoice);
+    static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* cursor,
+                                    const CXmlSerializationContext& context);
+
+private:
+    std::string m_elementName;
+    CNXCriticalSection m_lock;
+    long long m_refCount;
+};
+
+} // namespace NxXmlLib9

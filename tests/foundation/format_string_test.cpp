@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+
+#include "NxXmlLib9.h"
+
+using namespace NxXmlLib9;
+
+namespace {
+std::string FormatThrough(const char* format, ...)
+{
+    va_list args;
+    va_start(args, format);
+    std::string text = FormatV(format, args);
+    va_end(args);
+    return text;
+}
+} // namespace
+
+TEST(FormatString, PrintsWhatTheCLibraryPrints)
+{
+    EXPECT_EQ(FormatString("Index %d is out of range, use 0 - %d", 7, 3), "Index 7 is out of range, use 0 - 3");
+    EXPECT_EQ(FormatString("[%s] %u%%", "name", 42u), "[name] 42%");
+    EXPECT_EQ(FormatString("%lld|%llu", LLONG_MIN, ULLONG_MAX), "-9223372036854775808|18446744073709551615");
+    EXPECT_EQ(FormatString("%x %X %o", 255, 255, 8), "ff FF 10");
+    EXPECT_EQ(FormatString("plain"), "plain");
+    const char* empty = "";
+    EXPECT_EQ(FormatString("%s", empty), "");
+    EXPECT_EQ(FormatThrough("%s-%d", "via", 5), "via-5");
+}
+
+TEST(FormatString, StringsHonourNullPrecisionAndWidth)
+{
+    const char* nothing = nullptr;
+    EXPECT_EQ(FormatString("%s", nothing), "(null)");
+    EXPECT_EQ(FormatString("%.3s", "abcdef"), "abc");
+    EXPECT_EQ(FormatString("%8s|", "ab"), "      ab|");
+    EXPECT_EQ(FormatString("%-8s|", "ab"), "ab      |");
+    EXPECT_EQ(FormatString("%*s|", -4, "ab"), "ab  |");
+    EXPECT_EQ(FormatString("%*s|", 4, "ab"), "  ab|");
+    EXPECT_EQ(FormatString("[%s]", ""), "[]");
+    EXPECT_EQ(FormatString("%ls", L"wide"), "wide");
+}
+
+TEST(FormatString, LongValuesAreNeverCut)
+{
+    const std::string longText(5000, 'q');
+    EXPECT_EQ(FormatString("<%s>", longText.c_str()), "<" + longText + ">");
+    // Fixed notation of the largest double has over three hundred digits.
+    EXPECT_EQ(FormatString("%f", 1e308).size(), 309u + 7u);
+    EXPECT_EQ(FormatString("%.2f", 3.14159), "3.14");
+    EXPECT_EQ(FormatString("%40.3f|", 1.0), std::string(35, ' ') + "1.000|");
+    EXPECT_EQ(FormatString("%.60e", 1.0).size(), 66u);
+    EXPECT_EQ(FormatString("%#x", 255), "0xff");
+    EXPECT_EQ(FormatString("%50d|", 1), std::string(49, ' ') + "1|");
+}
+
+TEST(FormatString, CountDirectiveConsumesItsArgumentOnly)
+{
+    int written = 0;
+    EXPECT_EQ(FormatString("abc%n%d", &written, 9), "abc9");
+    EXPECT_EQ(written, 3);
+}
+
+TEST(FormatStringDeathTest, CharacterDirectiveEndsTheProcess)
+{
+    EXPECT_DEATH(FormatString("Invalid char in hex string [%c]", 'z'), "");
+}
