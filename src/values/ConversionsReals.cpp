@@ -67,6 +67,9 @@ bool IsRealFormat(const char* format)
     return directives <= 1;
 }
 
+// The format is a run-time text, checked by IsRealFormat before use.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
 template <class T>
 std::string RealToString(T value, const char* format)
 {
@@ -99,6 +102,7 @@ std::string RealToString(T value, const char* format)
     std::snprintf(&text[0], text.size() + 1, format, printed);
     return text;
 }
+#pragma GCC diagnostic pop
 
 // Narrowing an out-of-range double to float is undefined in C++. Do what the
 // IEEE conversion does: round to the nearest float, and past the midpoint
