@@ -3,8 +3,10 @@
 #include "NxBinaryData.h"
 #include "NxException.h"
 
+#include <climits>
 #include <cstring>
 #include <memory>
+#include <stdexcept>
 
 namespace NxXmlLib9 {
 
@@ -269,6 +271,9 @@ std::string CBinaryData::GetAsBase64() const
 {
     if (!m_pHolder)
         return std::string();
+    // The coder counts in int; a longer buffer must not be cut silently.
+    if (m_pHolder->GetLength() > static_cast<unsigned long>(INT_MAX))
+        throw std::length_error("CBinaryData: buffer too long for base64");
     CBase64 coder;
     return coder.Encode(m_pHolder->GetData(), static_cast<int>(m_pHolder->GetLength()));
 }
@@ -277,6 +282,8 @@ void CBinaryData::SetAsBase64(const char* text)
 {
     // Decoded before the old holder goes: the text may be this buffer's own.
     const size_t length = text ? std::strlen(text) : 0;
+    if (length > static_cast<size_t>(INT_MAX))
+        throw std::length_error("CBinaryData: base64 text too long");
     std::unique_ptr<unsigned char[]> bytes(new unsigned char[length + 1]);
     CBase64 coder;
     const int count = coder.Decode(text, bytes.get());
