@@ -1,0 +1,87 @@
+#include "NxXmlLib9.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace NxXmlLib9;
+
+namespace {
+
+std::string Decoded(const char* text)
+{
+    CBinaryData data("previous");
+    data.SetAsBase64(text);
+    return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+}
+
+} // namespace
+
+TEST(Base64Encode, PadsOneTwoAndThreeBytes)
+{
+    EXPECT_EQ(CBinaryData("M").GetAsBase64(), "TQ==");
+    EXPECT_EQ(CBinaryData("Ma").GetAsBase64(), "TWE=");
+    EXPECT_EQ(CBinaryData("Man").GetAsBase64(), "TWFu");
+    EXPECT_EQ(CBinaryData("Many").GetAsBase64(), "TWFueQ==");
+    unsigned char high[] = {0xFB, 0xFF, 0xBF};
+    EXPECT_EQ(CBinaryData(high, 3).GetAsBase64(), "+/+/");
+}
+
+TEST(Base64Encode, EmptyInputsGiveEmptyText)
+{
+    EXPECT_EQ(CBinaryData().GetAsBase64(), "");
+    EXPECT_EQ(CBinaryData("").GetAsBase64(), "");
+    CBase64 coder;
+    EXPECT_EQ(coder.Encode(nullptr, 5), "");
+}
+
+TEST(Base64Decode, SkipsWhiteSpaceAndPaddingAnywhere)
+{
+    EXPECT_EQ(Decoded("TW\nFu"), "Man");
+    EXPECT_EQ(Decoded("TWFu==="), "Man");
+    EXPECT_EQ(Decoded(" T\tW=F\r\nu "), "Man");
+    EXPECT_EQ(Decoded("TQ=="), "M");
+    EXPECT_EQ(Decoded("TQ"), "M");
+    EXPECT_EQ(Decoded("TWE"), "Ma");
+}
+
+TEST(Base64Decode, TopBitOfACharacterIsIgnored)
+{
+    const char text[] = {'T', static_cast<char>('W' | 0x80), 'F', 'u', 0};
+    EXPECT_EQ(Decoded(text), "Man");
+}
+
+TEST(Base64Decode, BadCharacterGivesAnEmptyHolderSilently)
+{
+    CBinaryData data("previous");
+    data.SetAsBase64("T*Fu");
+    EXPECT_NE(data.GetData(), nullptr);
+    EXPECT_EQ(data.GetLength(), 0u);
+    EXPECT_EQ(Decoded("TWFu-"), "");
+    EXPECT_EQ(Decoded(""), "");
+}
+
+TEST(Base64Decode, NullArgumentsGiveZero)
+{
+    CBase64 coder;
+    unsigned char out[4];
+    EXPECT_EQ(coder.Decode(nullptr, out), 0);
+    EXPECT_EQ(coder.Decode("TWFu", nullptr), 0);
+    EXPECT_EQ(coder.Decode("TWFu", out), 3);
+}
+
+TEST(Base64RoundTrip, EveryByteValueAndLength)
+{
+    std::string all;
+    for (int i = 0; i < 256; ++i)
+        all += static_cast<char>(255 - i);
+    for (size_t length = 0; length <= all.size(); length += 7) {
+        CBinaryData source(reinterpret_cast<unsigned char*>(&all[0]), static_cast<unsigned long>(length));
+        const std::string text = source.GetAsBase64();
+        ASSERT_EQ(text.size(), (length + 2) / 3 * 4);
+        CBinaryData back;
+        back.SetAsBase64(text.c_str());
+        ASSERT_EQ(back.GetLength(), length);
+        ASSERT_EQ(back.GetAsHexString(), source.GetAsHexString());
+    }
+}
