@@ -92,6 +92,15 @@ public:
         NamespaceMap* m_map;
         bool m_inherits;
         bool m_ownsMap;
+
+        // Finding the nearest scope with its own namespace state would walk
+        // the parents on every look-up, which is quadratic in a deep tree.
+        // The answer is cached, and the cache is dropped whenever any scope
+        // of the chain takes state of its own (counted at the chain's root).
+        CXmlWriterContext* m_chainRoot;
+        unsigned long m_takeovers;
+        mutable const CXmlWriterContext* m_owner;
+        mutable unsigned long m_ownerStamp;
     };
 
     // "http://www.w3.org/XML/1998/namespace", bound to the prefix "xml".

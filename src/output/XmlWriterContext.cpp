@@ -16,10 +16,20 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
       m_attributesWritten(false),
       m_map(nullptr),
       m_inherits(parent != nullptr),
-      m_ownsMap(parent == nullptr)
+      m_ownsMap(parent == nullptr),
+      m_chainRoot(parent ? parent->m_chainRoot : this),
+      m_takeovers(0),
+      m_owner(this),
+      m_ownerStamp(0)
 {
-    // Without a parent there is nothing to share: start empty instead.
-    m_map = parent ? &parent->GetNamespaceMap() : new NamespaceMap();
+    if (parent) {
+        m_owner = parent->NamespaceOwner();
+        m_ownerStamp = m_chainRoot->m_takeovers;
+        m_map = m_owner->m_map;
+    } else {
+        // Without a parent there is nothing to share: start empty instead.
+        m_map = new NamespaceMap();
+    }
 }
 
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
@@ -36,7 +46,11 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
       m_defaultNamespace(defaultNamespace),
       m_map(new NamespaceMap(map)),
       m_inherits(false),
-      m_ownsMap(true)
+      m_ownsMap(true),
+      m_chainRoot(this),
+      m_takeovers(0),
+      m_owner(this),
+      m_ownerStamp(0)
 {
 }
 
@@ -63,10 +77,16 @@ Scope* Scope::DetachParent()
 
 const Scope* Scope::NamespaceOwner() const
 {
-    const CXmlWriterContext* scope = this;
-    while (scope->m_inherits && scope->m_parent)
-        scope = scope->m_parent;
-    return scope;
+    if (!m_inherits)
+        return this;
+    if (m_ownerStamp != m_chainRoot->m_takeovers) {
+        const CXmlWriterContext* scope = this;
+        while (scope->m_inherits && scope->m_parent)
+            scope = scope->m_parent;
+        m_owner = scope;
+        m_ownerStamp = m_chainRoot->m_takeovers;
+    }
+    return m_owner;
 }
 
 CXmlWriter::NamespaceMap& Scope::GetNamespaceMap() const
@@ -89,6 +109,9 @@ void Scope::TakePrivateMap()
     m_map = copy;
     m_ownsMap = true;
     m_inherits = false;
+    m_owner = this;
+    // Scopes below this one may have cached an ancestor as their owner.
+    ++m_chainRoot->m_takeovers;
 }
 
 void Scope::SetDefaultNamespace(const std::string& namespaceUri)
