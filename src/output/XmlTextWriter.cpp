@@ -297,7 +297,8 @@ void CXmlTextWriter::WriteEndElement()
         m_stream.Append("</", 2);
         const std::string& namespaceUri = scope->GetNamespaceUri();
         if (!namespaceUri.empty() && namespaceUri != scope->GetDefaultNamespace()) {
-            m_stream.Append(scope->GetNamespaceMapValue(namespaceUri));
+            // Same look-up as GetNamespaceMapValue, without copying the prefix.
+            m_stream.Append(scope->GetNamespaceMap()[namespaceUri]);
             m_stream.Append(':');
         }
         m_stream.Append(scope->GetElementName());
