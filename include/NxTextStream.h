@@ -1,1 +1,106 @@
+// The in-memory text sink of the XML text writer and the block buffer that
+// holds its characters.
 #pragma once
+
+#include <string>
+#include <vector>
+
+#include "NxFoundation.h"
+
+namespace NxXmlLib9 {
+
+// The encoding a text stream declares and converts to when its bytes are
+// requested.
+enum XmlEncoding : int {
+    XmlEncodingNone = 0,
+    XmlEncodingUTF8 = 1,
+    XmlEncodingUTF16 = 2,
+    XmlEncodingUnicode = 3
+};
+
+// Text held in a list of fixed-size blocks. Appending never moves text that
+// is already held: a full block is left as it is and a fresh one started, so
+// a long output costs one allocation per block instead of a reallocation and
+// copy of everything. Each block has one byte more than its capacity and is
+// zero-filled when made, so every block is terminated. Reading the whole
+// text joins the blocks once.
+class CStringBuffer : public CInstanceMonitor {
+public:
+    // Blocks of 4095 characters.
+    CStringBuffer();
+    // Blocks of blockSize - 1 characters (at least one).
+    explicit CStringBuffer(unsigned long blockSize);
+    CStringBuffer(const CStringBuffer& other);
+    CStringBuffer& operator=(const CStringBuffer& other);
+    virtual ~CStringBuffer();
+
+    // Characters held in all blocks.
+    unsigned long GetLength() const;
+
+    // Frees every block.
+    void Clear();
+    // Forgets the text. A single block is kept, zeroed, for reuse.
+    void Empty();
+    // Starts a fresh, zero-filled block and makes it the current one.
+    void AddNewBlock();
+
+    void Append(char c);
+    // Appends up to the first zero byte; a null pointer appends nothing.
+    void Append(const char* text);
+    // Appends up to the first zero byte inside the string.
+    void Append(const std::string& text);
+    // Appends exactly length bytes, zero bytes included.
+    void Append(const char* text, unsigned long length);
+
+    // Replaces the text.
+    void SetText(const char* text);
+
+    // The whole text, zero terminated, valid until the next change. Several
+    // blocks are joined into one first; the next append then starts a new
+    // block behind it.
+    const char* GetText();
+
+private:
+    std::vector<char*> m_blocks;
+    std::vector<unsigned long> m_blockSizes;
+    unsigned long m_blockSize;
+    unsigned long m_position;
+    unsigned long m_capacity;
+    char* m_currentBlock;
+    unsigned long m_totalLength;
+};
+
+// A text sink in memory. Derived streams drain the buffer elsewhere from
+// Flush, which the writer calls whenever the text has grown past 4095
+// characters.
+class CTextStream : public CInstanceMonitor {
+public:
+    explicit CTextStream(XmlEncoding encoding = XmlEncodingNone);
+    CTextStream(const CTextStream&) = delete;
+    CTextStream& operator=(const CTextStream&) = delete;
+    virtual ~CTextStream();
+
+    // Discards any text held.
+    virtual void Open();
+    virtual void Close();
+    virtual void Flush();
+
+    unsigned long GetLength() const;
+    XmlEncoding GetEncoding() const;
+    // The buffered text, zero terminated, valid until the next change.
+    const char* GetText() const;
+
+    void Append(char c) { m_buffer.Append(c); }
+    void Append(const char* text) { m_buffer.Append(text); }
+    void Append(const std::string& text) { m_buffer.Append(text); }
+    // Exactly length bytes; lets a writer hand over a run of a larger text.
+    void Append(const char* text, unsigned long length) { m_buffer.Append(text, length); }
+
+protected:
+    // Mutable because reading the text joins the buffer's blocks, which
+    // changes the layout but not the content.
+    mutable CStringBuffer m_buffer;
+    XmlEncoding m_encoding;
+};
+
+} // namespace NxXmlLib9

@@ -1,0 +1,233 @@
+#include "NxXmlLib9.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace NxXmlLib9;
+
+namespace {
+
+typedef CXmlWriter::CXmlWriterContext Scope;
+typedef CXmlWriter::NamespaceMap NamespaceMap;
+
+struct NamespaceWriter : ::testing::Test {
+    NamespaceWriter() : writer(stream) { writer.SetFormat(false); }
+    std::string Text() const { return stream.GetText(); }
+
+    CTextStream stream;
+    CXmlTextWriter writer;
+};
+
+} // namespace
+
+TEST(PrefixGeneration, TwoCharactersSkippingPrefixesInUse)
+{
+    EXPECT_EQ("AA", CXmlWriter::NsIntToString(0));
+    EXPECT_EQ("AZ", CXmlWriter::NsIntToString(25));
+    EXPECT_EQ("BA", CXmlWriter::NsIntToString(26));
+    EXPECT_EQ("ZZ", CXmlWriter::NsIntToString(675));
+    EXPECT_EQ("[A", CXmlWriter::NsIntToString(676));
+
+    NamespaceMap map;
+    map["AB"] = "x";  // a URI, not a prefix: does not count
+    map["urn:a"] = "AA";
+    map["urn:c"] = "AC";
+    EXPECT_EQ("AB", CXmlWriter::GetUniquePrefix(map));
+    map["urn:b"] = "AB";
+    EXPECT_EQ("AD", CXmlWriter::GetUniquePrefix(map));
+    EXPECT_EQ(4u, map.size());
+}
+
+TEST(PrefixGeneration, WriterStartsWithTheXmlBinding)
+{
+    EXPECT_EQ("http://www.w3.org/XML/1998/namespace", CXmlWriter::XML_NAMESPACE);
+    CTextStream stream;
+    CXmlTextWriter writer(stream);
+    EXPECT_EQ((NamespaceMap{{CXmlWriter::XML_NAMESPACE, "xml"}}), writer.GetNamespaceMap());
+}
+
+TEST(WriterScope, ChildrenShareTheRootSnapshotUntilTheyDeclare)
+{
+    NamespaceMap source{{"urn:a", "a"}};
+    auto root = std::make_unique<Scope>("r", "", "urn:d", source, nullptr);
+    source["urn:late"] = "late";
+    EXPECT_EQ(1u, root->GetNamespaceMap().size()) << "the root holds a snapshot";
+
+    std::vector<Scope*> chain{root.get()};
+    for (int i = 0; i < 50; ++i)
+        chain.push_back(new Scope("e", "", chain.back()));
+    Scope* deepest = chain.back();
+    EXPECT_EQ(50u, deepest->GetDepth());
+    EXPECT_TRUE(deepest->InheritsNamespaces());
+    EXPECT_FALSE(deepest->OwnsMap());
+    EXPECT_EQ(&root->GetNamespaceMap(), &deepest->GetNamespaceMap());
+    EXPECT_EQ("urn:d", deepest->GetDefaultNamespace());
+
+    // A miss inserts an empty prefix into the effective map: the root's.
+    EXPECT_EQ("", deepest->GetNamespaceMapValue("urn:missing"));
+    EXPECT_EQ(1u, root->GetNamespaceMap().count("urn:missing"));
+
+    // A declaration in the middle reaches its subtree, not its ancestors.
+    Scope* middle = chain[20];
+    middle->SetNamespaceMapValue("urn:m", "m");
+    EXPECT_TRUE(middle->OwnsMap());
+    EXPECT_EQ("urn:d", middle->GetDefaultNamespace()) << "the inherited default is copied";
+    EXPECT_EQ(&middle->GetNamespaceMap(), &deepest->GetNamespaceMap());
+    EXPECT_EQ("a", deepest->GetNamespaceMapValue("urn:a"));
+    EXPECT_EQ(0u, root->GetNamespaceMap().count("urn:m"));
+    EXPECT_EQ(&root->GetNamespaceMap(), &chain[19]->GetNamespaceMap());
+
+    chain[30]->SetDefaultNamespace("urn:other");
+    EXPECT_EQ("urn:other", deepest->GetDefaultNamespace());
+    EXPECT_EQ("urn:d", chain[29]->GetDefaultNamespace());
+    EXPECT_EQ("m", deepest->GetNamespaceMapValue("urn:m")) << "the map is copied on a default change";
+
+    // Destroying the innermost scope takes the whole chain with it.
+    root.release();
+    delete deepest;
+}
+
+TEST_F(NamespaceWriter, RootDeclarationOrder)
+{
+    writer.AddNamespace("z", "http://a");
+    writer.AddNamespace("y", "http://b");
+    writer.AddNamespace("ext", CXmlWriter::XML_NAMESPACE + "/extension");
+    writer.SetDefaultNamespace("http://d");
+    writer.WriteStartElement("root", "http://new");
+    writer.WriteEndElement();
+    EXPECT_EQ("<AA:root xmlns:AA=\"http://new\" xmlns=\"http://d\" xmlns:z=\"http://a\" xmlns:y=\"http://b\"/>",
+              Text());
+    EXPECT_EQ(0u, writer.GetNamespaceMap().count("http://new")) << "generated in the root scope only";
+}
+
+TEST_F(NamespaceWriter, DefaultNamespaceElementsAreBare)
+{
+    writer.SetDefaultNamespace("urn:d");
+    writer.WriteStartElement("r", "urn:d");
+    writer.WriteStartElement("bare", "");
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    EXPECT_EQ("<r xmlns=\"urn:d\"><bare/></r>", Text());
+}
+
+TEST_F(NamespaceWriter, LastPrefixOfAUriIsUsedOnStartAndEndTags)
+{
+    writer.AddNamespace("p", "urn:x");
+    writer.AddNamespace("q", "urn:x");
+    writer.WriteStartElement("r", "urn:x");
+    writer.WriteStartElement("c", "urn:x");
+    writer.WriteString("v", ItemTypeString);
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    EXPECT_EQ("<q:r xmlns:q=\"urn:x\"><q:c>v</q:c></q:r>", Text());
+}
+
+TEST_F(NamespaceWriter, GeneratedPrefixSkipsOneAlreadyBound)
+{
+    writer.AddNamespace("AA", "urn:other");
+    writer.WriteStartElement("r", "urn:n");
+    writer.WriteEndElement();
+    EXPECT_EQ("<AB:r xmlns:AB=\"urn:n\" xmlns:AA=\"urn:other\"/>", Text());
+}
+
+TEST_F(NamespaceWriter, SiblingsEachDeclareTheirNewNamespace)
+{
+    writer.SetFormat(true);
+    writer.WriteStartElement("r", "");
+    writer.WriteStartElement("a", "urn:n");
+    writer.WriteStartElement("b", "urn:n");
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    writer.WriteStartElement("a", "urn:n");
+    writer.WriteString("t", ItemTypeString);
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    EXPECT_EQ("<r>\n"
+              "\t<AA:a xmlns:AA=\"urn:n\">\n"
+              "\t\t<AA:b/>\n"
+              "\t</AA:a>\n"
+              "\t<AA:a xmlns:AA=\"urn:n\">t</AA:a>\n"
+              "</r>\n",
+              Text());
+}
+
+TEST_F(NamespaceWriter, AttributesInANamespaceAlwaysTakeAPrefix)
+{
+    writer.SetDefaultNamespace("urn:d");
+    writer.WriteStartElement("r", "urn:d");
+    writer.WriteAttributeString("a", "urn:d", "1", ItemTypeString);
+    writer.WriteAttributeString("b", "urn:d", "2", ItemTypeString);
+    writer.WriteAttributeString("lang", CXmlWriter::XML_NAMESPACE, "en", ItemTypeString);
+    writer.WriteEndElement();
+    EXPECT_EQ("<r xmlns=\"urn:d\" xmlns:AA=\"urn:d\" AA:a=\"1\" AA:b=\"2\" xml:lang=\"en\"/>", Text());
+}
+
+TEST_F(NamespaceWriter, TypeAttributeDeclarationIsFollowedByTwoBlanks)
+{
+    writer.WriteStartElement("r", "");
+    writer.WriteAttributeType("urn:t", "T", ItemTypeString);
+    writer.WriteEndElement();
+    EXPECT_EQ("<r xmlns:AA=\"urn:t\"  xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" AB:type=\"AA:T\"/>",
+              Text());
+}
+
+TEST_F(NamespaceWriter, TypeAndNilWithKnownOrDefaultNamespace)
+{
+    writer.AddNamespace("xsi", "http://www.w3.org/2001/XMLSchema-instance");
+    writer.AddNamespace("t", "urn:t");
+    writer.SetDefaultNamespace("urn:d");
+    writer.WriteStartElement("r", "urn:d");
+    writer.WriteAttributeType("urn:d", "D", ItemTypeString);
+    writer.WriteStartElement("c", "urn:d");
+    writer.WriteAttributeType("urn:t", "T", ItemTypeString);
+    writer.WriteAttributeType("", "N", ItemTypeString);
+    writer.WriteAttributeNil();
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    EXPECT_EQ("<r xmlns=\"urn:d\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:t=\"urn:t\""
+              " xsi:type=\"D\"><c xsi:type=\"t:T\" xsi:type=\"N\" xsi:nil=\"true\"/></r>",
+              Text());
+}
+
+// Inside an element, bindings steer prefixes of its subtree and declare
+// nothing; a second root starts again from the writer's own map.
+TEST_F(NamespaceWriter, BindingsInsideAnElementStayInItsSubtree)
+{
+    writer.WriteStartElement("r", "");
+    writer.WriteStartElement("a", "");
+    writer.AddNamespace("p", "urn:p");
+    writer.SetDefaultNamespace("urn:in");
+    writer.WriteStartElement("c", "urn:p");
+    writer.WriteEndElement();
+    writer.WriteStartElement("b", "urn:in");
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    writer.WriteStartElement("c", "urn:p");
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    writer.WriteStartElement("r", "urn:p");
+    writer.WriteEndElement();
+    EXPECT_EQ("<r><a><p:c/><b/></a><AA:c xmlns:AA=\"urn:p\"/></r><AA:r xmlns:AA=\"urn:p\"/>", Text());
+    EXPECT_EQ(1u, writer.GetNamespaceMap().size());
+}
+
+TEST(NamespaceWriterDepth, DeepNamespacedTree)
+{
+    CTextStream stream;
+    CXmlTextWriter writer(stream);
+    writer.SetFormat(false);
+    const int depth = 100000;
+    for (int i = 0; i < depth; ++i)
+        writer.WriteStartElement("e", "urn:deep");
+    for (int i = 0; i < depth; ++i)
+        writer.WriteEndElement();
+    writer.Close();
+    const std::string text = stream.GetText();
+    EXPECT_EQ(0u, text.find("<AA:e xmlns:AA=\"urn:deep\"><AA:e><AA:e>"));
+    // One declaration, then "><AA:e" per level, "/>" and "</AA:e>" per level.
+    EXPECT_EQ(25u + 6u * (depth - 1) + 2u + 7u * (depth - 1), text.size());
+    EXPECT_EQ(25u + 6u * (depth - 1), text.find("/></AA:e></AA:e>"));
+}
