@@ -8,7 +8,9 @@
 
 #include "NxException.h"
 #include "NxFoundation.h"
+#include "NxSerializationContext.h"
 #include "NxSmartPtr.h"
+#include "NxXmlWriter.h"
 
 namespace NxXmlLib9Data {
 class CElementInfo;
@@ -20,8 +22,6 @@ namespace NxXmlLib9 {
 class CXmlObjectBase;
 class CXmlCollectionBase;
 class CXmlElement;
-class CXmlSerializationContext;
-class CXmlWriter;
 
 // Generated code calls this before its first object is made; every public
 // entry refuses to work unless the generator's version is the runtime's.
@@ -57,6 +57,12 @@ public:
 
     void OnEvent(CXmlObjectBase* source, IEventSink::MsgType type, void* data) override;
     CXmlObjectBase* GetBase() override = 0;
+
+    // XML text of the object, written in memory. The stream has no encoding
+    // of its own, so the declaration names none.
+    virtual std::string ToXml(bool includeDocHeader = true, bool format = true, EOLType eol = EOLTypeLF,
+                              const CXmlSerializationContext& context =
+                                  CXmlSerializationContext::m_defaultContext) const;
 
     virtual ~CXmlObjectBase();
 

@@ -1,0 +1,26 @@
+// The public entry that turns an object into XML text in memory.
+#include "NxXmlObjectBase.h"
+
+#include "NxTextStream.h"
+#include "NxXmlWriter.h"
+#include "engine/VersionCheck.h"
+
+namespace NxXmlLib9 {
+
+std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool format, EOLType eol,
+                                  const CXmlSerializationContext& context) const
+{
+    CheckVersion();
+    CTextStream stream;
+    CXmlTextWriter writer(stream);
+    writer.Open();
+    writer.SetFormat(format);
+    writer.SetEOLType(eol);
+    if (includeDocHeader)
+        writer.WriteStartDocument();
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    writer.Close();
+    return std::string(stream.GetText(), stream.GetLength());
+}
+
+} // namespace NxXmlLib9
