@@ -15,6 +15,8 @@
 #include "NxConversions.h"
 #include "NxBinaryData.h"
 #include "NxEncoder.h"
+#include "NxDateTimeSpan.h"
+#include "NxDateTime.h"
 
 #include "NxXmlObjectBase.h"
 #include "NxCollectionBase.h"
