@@ -19,3 +19,7 @@
 #include "NxXmlObjectBase.h"
 #include "NxCollectionBase.h"
 #include "NxVariant.h"
+
+#include "NxRegEx.h"
+#include "NxPrimitiveRestrictions.h"
+#include "NxXmlObjectHelper.h"
