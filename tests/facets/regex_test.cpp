@@ -2,37 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <csignal>
 #include <string>
 
+#include "scoped_ctype.h"
+
 using namespace NxXmlLib9;
-
-namespace {
-
-// Sets the character-type locale for one test and restores it after.
-class ScopedCType {
-public:
-    explicit ScopedCType(const char* name)
-    {
-        const char* current = std::setlocale(LC_CTYPE, nullptr);
-        m_previous = current ? current : "C";
-        m_ok = std::setlocale(LC_CTYPE, name) != nullptr;
-    }
-    ~ScopedCType() { std::setlocale(LC_CTYPE, m_previous.c_str()); }
-    bool Ok() const { return m_ok; }
-
-private:
-    std::string m_previous;
-    bool m_ok;
-};
-
-#define REQUIRE_UTF8_LOCALE(guard)                              \
-    ScopedCType guard("C.UTF-8");                               \
-    if (!(guard).Ok())                                          \
-    GTEST_SKIP() << "C.UTF-8 locale not available"
-
-} // namespace
 
 TEST(RegExMatch, PerlEscapesPassThrough)
 {
