@@ -21,3 +21,7 @@
 #include "NxXmlObjectBase.h"
 #include "NxCollectionBase.h"
 #include "NxVariant.h"
+
+#include "NxRegEx.h"
+#include "NxPrimitiveRestrictions.h"
+#include "NxXmlObjectHelper.h"

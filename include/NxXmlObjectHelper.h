@@ -1,0 +1,66 @@
+// Stateless helpers behind the metadata and the collections of generated
+// classes.
+#pragma once
+
+#include <string>
+
+#include "NxFoundation.h"
+#include "NxPrimitiveRestrictions.h"
+#include "NxVariant.h"
+
+namespace NxXmlLib9 {
+
+// A holder of static operations, grouped by concern. Element name and
+// namespace matching join this class beside the facet checks.
+class CXmlObjectHelper {
+public:
+    CXmlObjectHelper() = delete;
+
+    // ---- Facet checks ----------------------------------------------------
+    //
+    // Each check returns when the value meets every facet present in the
+    // record and throws a plain CNxException "Invalid Value for <name>
+    // [<value>]" at the first facet it breaks; the text never says which
+    // facet that was. Order bounds are parsed at every call with the collapse
+    // rule by the conversion of the value's kind, so a malformed bound throws
+    // that conversion's own failure instead. Neither the value nor the
+    // record is changed.
+
+    // Reads the variant with the getter of type (not the variant's own tag)
+    // and runs the check of that kind. A kind without a check (none, char,
+    // object, collection, out of range) throws CNxInvalidValueException
+    // "unknown type [<the variant's type name>]".
+    static void CheckRestriction(const char* name, const NxVariant& value, ItemType type,
+                                 const CPrimitiveRestrictions& restrictions);
+
+    // Strings: MinLength, MaxLength, Length (in bytes as held), then Pattern.
+    // The order bounds are not looked at.
+    static void CheckRestrictionForstring(const char* name, std::string value,
+                                          const CPrimitiveRestrictions& restrictions);
+    // Booleans have no facet to break.
+    static void CheckRestrictionForboolean(const char* name, bool value,
+                                           const CPrimitiveRestrictions& restrictions);
+
+    // Numbers: MinInclusive, MaxInclusive, MinExclusive, MaxExclusive, each
+    // only when its text is not empty. A real NaN fails every present bound.
+    static void CheckRestrictionFori1(const char* name, char value, const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFori2(const char* name, short value, const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFori4(const char* name, long value, const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFori8(const char* name, long long value,
+                                      const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForui1(const char* name, unsigned char value,
+                                       const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForui2(const char* name, unsigned short value,
+                                       const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForui4(const char* name, unsigned long value,
+                                       const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForui8(const char* name, unsigned long long value,
+                                       const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForr4(const char* name, float value, const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForr8(const char* name, double value, const CPrimitiveRestrictions& restrictions);
+
+    // The kinds held by value classes (binary data, durations, dates and
+    // their parts, decimals, big integers) get checks of the same shape.
+};
+
+} // namespace NxXmlLib9

@@ -1,0 +1,48 @@
+// Dispatch of a variant to the facet check of its declared kind.
+
+#include "NxXmlObjectHelper.h"
+
+#include "NxException.h"
+
+namespace NxXmlLib9 {
+
+void CXmlObjectHelper::CheckRestriction(const char* name, const NxVariant& value, ItemType type,
+                                        const CPrimitiveRestrictions& restrictions)
+{
+    // The declared kind decides which getter reads the value; the variant's
+    // own tag only names it in the failure below.
+    switch (type) {
+    case ItemTypeI1:
+        return CheckRestrictionFori1(name, value.GetI1(), restrictions);
+    case ItemTypeI2:
+        return CheckRestrictionFori2(name, value.GetI2(), restrictions);
+    case ItemTypeI4:
+        return CheckRestrictionFori4(name, value.GetI4(), restrictions);
+    case ItemTypeI8:
+        return CheckRestrictionFori8(name, value.GetI8(), restrictions);
+    case ItemTypeUI1:
+        return CheckRestrictionForui1(name, value.GetUI1(), restrictions);
+    case ItemTypeUI2:
+        return CheckRestrictionForui2(name, value.GetUI2(), restrictions);
+    case ItemTypeUI4:
+        return CheckRestrictionForui4(name, value.GetUI4(), restrictions);
+    case ItemTypeUI8:
+        return CheckRestrictionForui8(name, value.GetUI8(), restrictions);
+    case ItemTypeR4:
+        return CheckRestrictionForr4(name, value.GetR4(), restrictions);
+    case ItemTypeR8:
+        return CheckRestrictionForr8(name, value.GetR8(), restrictions);
+    case ItemTypeString:
+        return CheckRestrictionForstring(name, value.GetString(), restrictions);
+    case ItemTypeBoolean:
+        return CheckRestrictionForboolean(name, value.GetBoolean(), restrictions);
+    default:
+        // A single char has no check, nor has anything that is not a
+        // primitive; GetType fails first on a variant whose tag has no name.
+        // The kinds held by value classes land here until their checks are
+        // dispatched above.
+        throw CNxInvalidValueException("unknown type [" + value.GetType() + "]");
+    }
+}
+
+} // namespace NxXmlLib9
