@@ -242,6 +242,19 @@ void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Dig
     const size_t sizeA = SignificantLength(a);
     const size_t sizeB = divisor.size();
 
+    // Decimals divide by powers of ten all the time: that is a split of the
+    // digits.
+    if (divisor.back() == 1 && std::all_of(divisor.begin(), divisor.end() - 1, [](char d) { return d == 0; })) {
+        const auto split = a.begin() + static_cast<std::ptrdiff_t>(sizeB - 1);
+        Digits low(a.begin(), split);
+        Digits high(split, a.begin() + static_cast<std::ptrdiff_t>(sizeA));
+        Clean(low);
+        Clean(high);
+        quotient.swap(high);
+        remainder.swap(low);
+        return;
+    }
+
     // Long division from the high end. The running remainder starts with the
     // top sizeB - 1 digits of a, so each step below brings in one digit and
     // yields one quotient digit found by at most nine subtractions.
