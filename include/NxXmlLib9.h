@@ -13,6 +13,8 @@
 #include "NxSerializationContext.h"
 
 #include "NxConversions.h"
+#include "NxBigInteger.h"
+#include "NxDecimal.h"
 #include "NxBinaryData.h"
 #include "NxEncoder.h"
 #include "NxDateTimeSpan.h"
