@@ -6,8 +6,8 @@
 #include <limits>
 #include <string>
 
-#include "../values/expect_failure.h"
-#include "scoped_ctype.h"
+#include "ExpectFailure.h"
+#include "ScopedCType.h"
 
 using namespace NxXmlLib9;
 

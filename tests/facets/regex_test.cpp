@@ -5,7 +5,7 @@
 #include <csignal>
 #include <string>
 
-#include "scoped_ctype.h"
+#include "ScopedCType.h"
 
 using namespace NxXmlLib9;
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "ScopedCType.h"
+
 #include <clocale>
 #include <cstring>
 #include <stdexcept>
@@ -10,24 +12,6 @@
 using namespace NxXmlLib9;
 
 namespace {
-
-// Sets the character-type locale for one test and restores it after; the
-// library itself never touches the locale.
-class ScopedCType {
-public:
-    explicit ScopedCType(const char* name)
-    {
-        const char* current = std::setlocale(LC_CTYPE, nullptr);
-        m_previous = current ? current : "C";
-        m_ok = std::setlocale(LC_CTYPE, name) != nullptr;
-    }
-    ~ScopedCType() { std::setlocale(LC_CTYPE, m_previous.c_str()); }
-    bool Ok() const { return m_ok; }
-
-private:
-    std::string m_previous;
-    bool m_ok;
-};
 
 #define REQUIRE_LOCALE(guard)                                   \
     if (!(guard).Ok())                                          \

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "NxXmlLib9.h"
-#include "expect_failure.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 using Digits = CBigInteger::Digits;

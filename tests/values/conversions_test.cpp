@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "NxXmlLib9.h"
-#include "expect_failure.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 using C = CConversions;

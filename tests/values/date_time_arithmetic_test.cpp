@@ -5,32 +5,12 @@
 #include <string>
 
 #include "NxXmlLib9.h"
-#include "expect_failure.h"
+#include "DateBuilders.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 
 namespace {
-
-CDateTime Date(const char* text)
-{
-    CDateTime value;
-    value.ParseXSDDate(text);
-    return value;
-}
-
-CDateTime Time(const char* text)
-{
-    CDateTime value;
-    value.ParseXSDTime(text);
-    return value;
-}
-
-CDateTimeSpan Span(const char* text)
-{
-    CDateTimeSpan span;
-    span.ParseXSDDuration(text);
-    return span;
-}
 
 // Sets the process time zone for one test and puts the old one back.
 class ScopedTimeZone {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
-#include "expect_failure.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 

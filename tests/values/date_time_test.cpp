@@ -1,25 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
-#include "expect_failure.h"
+#include "DateBuilders.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 
 namespace {
-
-CDateTime Date(const char* text)
-{
-    CDateTime value;
-    value.ParseXSDDate(text);
-    return value;
-}
-
-CDateTime Time(const char* text)
-{
-    CDateTime value;
-    value.ParseXSDTime(text);
-    return value;
-}
 
 template <class Call>
 void ExpectInvalid(Call call, const std::string& message)

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "NxXmlLib9.h"
-#include "expect_failure.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 

@@ -6,7 +6,7 @@
 
 #include "NxXmlLib9.h"
 #include "TestObjects.h"
-#include "expect_failure.h"
+#include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 using WS = CWhitespaceUtils;
