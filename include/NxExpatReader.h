@@ -52,6 +52,7 @@ private:
     template <class Step>
     static void Guarded(void* userData, Step step);
     std::string ToLocal(const char* text, int length);
+    static std::string ToLocal(const char* text);
     void FreeParser();
 
     CXmlDocument& m_document;

@@ -85,6 +85,8 @@ public:
     CXmlElement* RemoveLastChildElement();
 
 private:
+    friend class CXmlDocument;
+
     const CXmlDocument* m_document;
     CXmlElement* m_nextSibling;
     CXmlElement* m_firstChild;
@@ -172,6 +174,7 @@ private:
     friend class CFastInfosetReader;
 
     void FreeContent();
+    static void ReleaseTextSlack(CXmlElement* element);
     void AdoptInput(unsigned char* buffer, unsigned long size);
     // The stages ahead of the XML text parser on the path of files and
     // streams.

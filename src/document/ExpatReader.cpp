@@ -22,7 +22,7 @@ const char NAMESPACE_SEPARATOR = '|';
 // what it is given into its own buffer, and slices keep that buffer small
 // beside the input, whatever the input's size. They also keep every length
 // within the parser's int argument.
-const unsigned long PARSE_SLICE = 4UL << 20;
+const unsigned long PARSE_SLICE = 1UL << 20;
 
 // Splits "URI|local" in place at the first separator; a name without one
 // has no namespace.
@@ -148,12 +148,26 @@ void CExpatReader::Guarded(void* userData, Step step)
 
 // Local text of UTF-8 input through the scratch buffer: its first half is
 // the wide work area, its second half the byte work area, so that short
-// names and text convert without allocating.
+// names and text convert without allocating. 7-bit text is the same in
+// UTF-8 and in every local code page, and most markup is 7-bit: it is taken
+// as it stands, sparing the character-by-character locale conversion.
 std::string CExpatReader::ToLocal(const char* text, int length)
 {
-    return CEncoder::Utf8ToLocalCodePage(reinterpret_cast<unsigned char*>(const_cast<char*>(text)), length,
-                                         reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
+    unsigned char* bytes = reinterpret_cast<unsigned char*>(const_cast<char*>(text));
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(bytes, static_cast<unsigned long>(length)))
+        return std::string(text, static_cast<size_t>(length));
+    return CEncoder::Utf8ToLocalCodePage(bytes, length, reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
                                          m_scratch + m_scratchSize / 2, m_scratchSize / 2);
+}
+
+// The same without the scratch buffer, for attribute names and values.
+std::string CExpatReader::ToLocal(const char* text)
+{
+    const size_t length = std::strlen(text);
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
+                                                     static_cast<unsigned long>(length)))
+        return std::string(text, length);
+    return CEncoder::Utf8ToLocalCodePage(text);
 }
 
 void CExpatReader::FnStartElement(void* userData, const char* name, const char** attributes)
@@ -168,8 +182,8 @@ void CExpatReader::FnStartElement(void* userData, const char* name, const char**
                                                               : document.AddDocElement(namespaceUri, localName);
 
         for (const char** attribute = attributes; attribute && attribute[0]; attribute += 2) {
-            std::string attributeName = CEncoder::Utf8ToLocalCodePage(attribute[0]);
-            const std::string value = CEncoder::Utf8ToLocalCodePage(attribute[1]);
+            std::string attributeName = ToLocal(attribute[0]);
+            const std::string value = ToLocal(attribute[1]);
             const char* attributeNamespace = nullptr;
             const char* attributeLocalName = nullptr;
             SplitName(attributeName, attributeNamespace, attributeLocalName);
@@ -211,6 +225,12 @@ void CExpatReader::FnText(void* userData, const char* text, int length)
         std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
         if (open.empty())
             return;
+        // 7-bit text goes into the tree straight from the parser's buffer.
+        if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
+                                                         static_cast<unsigned long>(length))) {
+            CXmlDocument::AppendTextExcludingCR(open.back(), text, static_cast<unsigned long>(length));
+            return;
+        }
         const std::string local = reader.ToLocal(text, length);
         CXmlDocument::AppendTextExcludingCR(open.back(), local.c_str());
     });

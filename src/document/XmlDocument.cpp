@@ -28,6 +28,13 @@ void AppendRun(CXmlElement* element, const char* run, size_t size)
     }
 }
 
+// Slack below which a finished text keeps its capacity: a reallocation
+// would cost more than it frees.
+const size_t TEXT_SLACK_KEPT = 64;
+// Texts longer than this keep their capacity too: near the end of a large
+// load, a shrinking copy would add its own size to the peak.
+const size_t TEXT_SHRINK_LIMIT = 1UL << 20;
+
 } // namespace
 
 CXmlDocument::CXmlDocument() : CXmlDocument(nullptr, CXmlSerializationContext::m_defaultContext) {}
@@ -141,12 +148,24 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text)
     AppendTextExcludingCR(element, text, UNBOUNDED_TEXT);
 }
 
+// Text that came in several pieces (every line is one) ends with up to
+// twice its size reserved. Once the element has ended its text is final,
+// so the spare capacity of ordinary texts is given back.
+void CXmlDocument::ReleaseTextSlack(CXmlElement* element)
+{
+    std::string& text = element->m_text;
+    const size_t size = text.size();
+    if (size <= TEXT_SHRINK_LIMIT && text.capacity() >= size + size / 4 + TEXT_SLACK_KEPT)
+        text.shrink_to_fit();
+}
+
 void CXmlDocument::EndElement()
 {
     if (m_openElements.empty())
         throw CNxInvalidStateException("No element is open to be ended");
     CXmlElement* ended = m_openElements.back();
     m_openElements.pop_back();
+    ReleaseTextSlack(ended);
     // The document element has no parent to be dropped from: the filter's
     // answer on it changes nothing.
     if (!m_filter || !m_filter(ended) || m_openElements.empty())

@@ -216,6 +216,19 @@ TEST(XmlDocumentText, ManySmallPiecesGrowTheTextGeometrically)
     EXPECT_EQ(1500001u, element.GetText().size());
 }
 
+TEST(XmlDocumentText, FinishedTextsGiveBackTheirSpareCapacity)
+{
+    // Each line comes as its own piece, so the text doubled as it grew.
+    std::string lines;
+    for (int i = 0; i < 40; ++i)
+        lines += std::string(100, 'a' + i % 26) + "\n";
+    CXmlDocument document;
+    document.LoadXml(("<r><p>" + lines + "</p></r>").c_str());
+    const std::string& text = document.GetDocumentElement()->GetFirstElement()->GetText();
+    EXPECT_EQ(lines, text);
+    EXPECT_LT(text.capacity(), text.size() + text.size() / 4 + 64);
+}
+
 TEST(XmlElement, ChildListAndAttributes)
 {
     CXmlElement parent(nullptr);
