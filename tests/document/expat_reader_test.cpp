@@ -1,8 +1,6 @@
 #include "DocumentTestSupport.h"
 
-#include <cstring>
 #include <stdexcept>
-#include <vector>
 
 using namespace NxXmlLib9;
 using NxTest::ChildNames;
@@ -13,10 +11,10 @@ namespace {
 
 const char* const XML_NAMESPACE = "http://www.w3.org/XML/1998/namespace";
 
-CXmlSerializationContext NoNamespaces()
+CXmlSerializationContext WithSchemaType(SchemaType type)
 {
     CXmlSerializationContext context;
-    context.SetSchemaType(SchemaTypeNoNamespaces);
+    context.SetSchemaType(type);
     return context;
 }
 
@@ -55,49 +53,39 @@ bool ThrowStandard(CXmlElement*)
 
 } // namespace
 
-TEST(ExpatReaderNamespaces, DefaultNamespaceAppliesToElementsAndNotToAttributes)
+TEST(ExpatReaderNamespaces, DeclarationsFeedAFlatMapAndNeverShowAsAttributes)
 {
     CXmlDocument document;
-    document.LoadXml("<a xmlns='urn:d' x='1' xml:lang='en'><b/></a>");
+    document.LoadXml("<a xmlns:p='urn:1' xmlns='urn:d' x='1' xml:lang='en'>"
+                     "<b xmlns:p='urn:2' xmlns:deep='urn:deep'/><c xmlns=''/><p:d/></a>");
     const CXmlElement* root = document.GetDocumentElement();
     EXPECT_EQ("urn:d", root->GetNamespaceURI());
-    EXPECT_EQ("urn:d", root->GetFirstElement()->GetNamespaceURI());
-    // Declarations are not attributes; xml:lang comes with the XML
-    // namespace, which no declaration or map entry supplies.
     ASSERT_EQ(2u, root->GetAttributes().size());
     EXPECT_EQ("", root->GetAttributes()[0]->GetNamespaceURI());
-    EXPECT_EQ("lang", root->GetAttributes()[1]->GetLocalName());
-    EXPECT_EQ(XML_NAMESPACE, root->GetAttributes()[1]->GetNamespaceURI());
+    // xml:lang comes with the XML namespace, which nothing declares.
     EXPECT_EQ("en", root->GetAttribute("lang", XML_NAMESPACE));
     EXPECT_EQ("", document.LookupNamespaceFromAlias("xml"));
-}
-
-TEST(ExpatReaderNamespaces, ThePrefixMapIsFlatAndKeepsTheLastDeclaration)
-{
-    CXmlDocument document;
-    document.LoadXml("<a xmlns:p='urn:1' xmlns='urn:d'>"
-                     "<b xmlns:p='urn:2' xmlns:deep='urn:deep'/>"
-                     "<c xmlns=''/>"
-                     "<p:d/>"
-                     "</a>");
-    // Later declarations win for the whole document, out of their scope
-    // too, and an undeclared default stands as an empty URI.
+    // The elements follow the scopes; the map keeps the last declaration
+    // of each alias for the whole document, and an undeclared default
+    // stands as an empty URI.
+    EXPECT_EQ("urn:d", root->GetFirstElement()->GetNamespaceURI());
+    EXPECT_EQ("", root->GetFirstElement()->GetNextSiblingElement()->GetNamespaceURI());
+    EXPECT_EQ("urn:1", root->GetFirstElement()->GetNextSiblingElement()->GetNextSiblingElement()->GetNamespaceURI());
     EXPECT_EQ("urn:2", document.LookupNamespaceFromAlias("p"));
     EXPECT_EQ("urn:deep", document.LookupNamespaceFromAlias("deep"));
     EXPECT_EQ("", document.LookupNamespaceFromAlias(""));
-    EXPECT_EQ("", document.LookupNamespaceFromAlias(nullptr));
-    // The elements themselves follow the scoping of the parser.
-    const CXmlElement* b = document.GetDocumentElement()->GetFirstElement();
-    EXPECT_EQ("urn:d", b->GetNamespaceURI());
-    EXPECT_EQ("", b->GetNextSiblingElement()->GetNamespaceURI());
-    EXPECT_EQ("urn:1", b->GetNextSiblingElement()->GetNextSiblingElement()->GetNamespaceURI());
 }
 
-TEST(ExpatReaderNamespaces, NamespaceFreeModeKeepsNamesWholeAndDeclarationsAsAttributes)
+TEST(ExpatReaderNamespaces, NamespaceFreeModeIsSampledWhenTheDocumentIsMade)
 {
-    const CXmlSerializationContext context = NoNamespaces();
+    CXmlSerializationContext context = WithSchemaType(SchemaTypeNoNamespaces);
     CXmlDocument document(context);
-    document.LoadXml("<p:a xmlns:p='urn:p' xmlns='urn:d' p:x='1'><q:b/></p:a>");
+    context.SetSchemaType(SchemaTypeDefault);
+    CXmlDocument namespaced(context);
+    context.SetSchemaType(SchemaTypeNoNamespaces);
+
+    const char* const xml = "<p:a xmlns:p='urn:p' xmlns='urn:d' p:x='1'><q:b/></p:a>";
+    document.LoadXml(xml);
     const CXmlElement* root = document.GetDocumentElement();
     EXPECT_EQ("p:a", root->GetLocalName());
     EXPECT_EQ("", root->GetNamespaceURI());
@@ -106,27 +94,11 @@ TEST(ExpatReaderNamespaces, NamespaceFreeModeKeepsNamesWholeAndDeclarationsAsAtt
     EXPECT_EQ("urn:p", root->GetAttributes()[0]->GetValue());
     EXPECT_EQ("xmlns", root->GetAttributes()[1]->GetLocalName());
     EXPECT_EQ("p:x", root->GetAttributes()[2]->GetLocalName());
-    EXPECT_EQ("", root->GetAttributes()[2]->GetNamespaceURI());
     // The undeclared prefix q is no error here, and the map stays empty.
     EXPECT_EQ("q:b", root->GetFirstElement()->GetLocalName());
     EXPECT_EQ("", document.LookupNamespaceFromAlias("p"));
 
-    EXPECT_EQ("unbound prefix at line 2", ParseFailure("<a>\n<q:b/></a>"));
-}
-
-TEST(ExpatReaderNamespaces, TheSchemaTypeIsSampledWhenTheDocumentIsMade)
-{
-    CXmlSerializationContext context = NoNamespaces();
-    CXmlDocument namespaceFree(context);
-    context.SetSchemaType(SchemaTypeDefault);
-    CXmlDocument namespaced(context);
-    context.SetSchemaType(SchemaTypeNoNamespaces);
-
-    namespaceFree.LoadXml("<p:a xmlns:p='urn:p'/>");
-    EXPECT_EQ("p:a", namespaceFree.GetDocumentElement()->GetLocalName());
-    namespaced.LoadXml("<p:a xmlns:p='urn:p'/>");
-    EXPECT_EQ("a", namespaced.GetDocumentElement()->GetLocalName());
-    EXPECT_EQ("urn:p", namespaced.GetDocumentElement()->GetNamespaceURI());
+    EXPECT_EQ("unbound prefix at line 1", FailureOf([&] { namespaced.LoadXml(xml); }));
 }
 
 TEST(ExpatReaderText, CDATAIsPlainTextUnlessStrippingIsOff)
@@ -140,60 +112,40 @@ TEST(ExpatReaderText, CDATAIsPlainTextUnlessStrippingIsOff)
     CXmlDocument kept(context);
     kept.LoadXml(xml);
     EXPECT_EQ("x<![CDATA[<y> & \nz]]>w<![CDATA[]]>", kept.GetDocumentElement()->GetText());
-    kept.LoadXml("<a><![CDATA[x]]></a>");
-    EXPECT_EQ("<![CDATA[x]]>", kept.GetDocumentElement()->GetText());
-}
 
-TEST(ExpatReaderText, DocumentsMadeWithoutAContextReadTheDefaultOneAtParseTime)
-{
-    CXmlDocument document;
+    // Without a context of its own, a document reads the default one when
+    // it parses.
+    CXmlDocument byDefault;
     CXmlSerializationContext::m_defaultContext.SetStripCDATA(false);
-    document.LoadXml("<a><![CDATA[x]]></a>");
+    byDefault.LoadXml("<a><![CDATA[x]]></a>");
     CXmlSerializationContext::m_defaultContext.SetStripCDATA(true);
-    EXPECT_EQ("<![CDATA[x]]>", document.GetDocumentElement()->GetText());
-    document.LoadXml("<a><![CDATA[x]]></a>");
-    EXPECT_EQ("x", document.GetDocumentElement()->GetText());
+    EXPECT_EQ("<![CDATA[x]]>", byDefault.GetDocumentElement()->GetText());
 }
 
 TEST(ExpatReaderText, NamesAndTextArriveInTheLocalCodePage)
 {
-    const char* const xml = "<\xC3\xA9l\xC3\xA9ment attr\xC3\xA9='\xE2\x82\xAC'>caf\xC3\xA9 \xF0\x9F\x98\x80</\xC3\xA9l\xC3\xA9ment>";
+    const std::string long_text(600, 'n');
+    const std::string xml = "<\xC3\xA9l\xC3\xA9ment attr\xC3\xA9='\xE2\x82\xAC'>caf\xC3\xA9 \xF0\x9F\x98\x80" +
+                            long_text + "\xC3\xA9</\xC3\xA9l\xC3\xA9ment>";
     {
         NxTest::ScopedLocale locale("C");
         CXmlDocument document;
-        document.LoadXml(xml);
+        document.LoadXml(xml.c_str());
         const CXmlElement* root = document.GetDocumentElement();
         EXPECT_EQ("?l?ment", root->GetLocalName());
-        EXPECT_EQ("caf? ?", root->GetText());
+        EXPECT_EQ("caf? ?" + long_text + "?", root->GetText());
         EXPECT_EQ("?", root->GetAttribute("attr?", ""));
     }
     {
         NxTest::ScopedLocale locale("C.UTF-8");
         ASSERT_TRUE(locale.Active());
         CXmlDocument document;
-        document.LoadXml(xml);
+        document.LoadXml(xml.c_str());
         const CXmlElement* root = document.GetDocumentElement();
         EXPECT_EQ("\xC3\xA9l\xC3\xA9ment", root->GetLocalName());
-        EXPECT_EQ("caf\xC3\xA9 \xF0\x9F\x98\x80", root->GetText());
+        EXPECT_EQ("caf\xC3\xA9 \xF0\x9F\x98\x80" + long_text + "\xC3\xA9", root->GetText());
         EXPECT_EQ("\xE2\x82\xAC", root->GetAttribute("attr\xC3\xA9", ""));
     }
-}
-
-TEST(ExpatReaderText, LongNamesAndTextOutgrowTheScratchBuffer)
-{
-    NxTest::ScopedLocale locale("C.UTF-8");
-    ASSERT_TRUE(locale.Active());
-    std::string name(700, 'n');
-    name += "\xC3\xA9";
-    std::string text;
-    for (int i = 0; i < 400; ++i)
-        text += "\xE2\x82\xAC";
-    const std::string xml = "<" + name + " xmlns='urn:" + name + "'>" + text + "</" + name + ">";
-    CXmlDocument document;
-    document.LoadXml(xml.c_str());
-    EXPECT_EQ(name, document.GetDocumentElement()->GetLocalName());
-    EXPECT_EQ("urn:" + name, document.GetDocumentElement()->GetNamespaceURI());
-    EXPECT_EQ(text, document.GetDocumentElement()->GetText());
 }
 
 TEST(ExpatReaderFilter, TheFilterSeesFinishedElementsChildrenFirstAndDropsThem)
@@ -207,15 +159,13 @@ TEST(ExpatReaderFilter, TheFilterSeesFinishedElementsChildrenFirstAndDropsThem)
     EXPECT_EQ("1", root->GetFirstElement()->GetAttribute("t", ""));
     const std::vector<std::string> expected = {"k=/", "drop=x/k", "keep=y/", "drop=/", "r=abc/keep"};
     EXPECT_EQ(expected, g_shown);
-}
 
-TEST(ExpatReaderFilter, DroppingEverythingKeepsTheRootAndItsText)
-{
+    // Dropping everything keeps the root, which has no parent, and its text.
     const CXmlSerializationContext context = KeepCDATA();
-    CXmlDocument document(DropAll, context);
-    document.LoadXml("<r>1<a><b/></a>2<c/><![CDATA[3]]></r>");
-    EXPECT_EQ(nullptr, document.GetDocumentElement()->GetFirstElement());
-    EXPECT_EQ("12<![CDATA[3]]>", document.GetDocumentElement()->GetText());
+    CXmlDocument emptied(DropAll, context);
+    emptied.LoadXml("<r>1<a><b/></a>2<c/><![CDATA[3]]></r>");
+    EXPECT_EQ(nullptr, emptied.GetDocumentElement()->GetFirstElement());
+    EXPECT_EQ("12<![CDATA[3]]>", emptied.GetDocumentElement()->GetText());
 }
 
 TEST(ExpatReaderFilter, AFailureInsideTheParsePassesOutUnchanged)
@@ -232,8 +182,6 @@ TEST(ExpatReaderFilter, AFailureInsideTheParsePassesOutUnchanged)
 
     CXmlDocument other(ThrowStandard);
     EXPECT_THROW(other.LoadXml("<r><a/></r>"), std::runtime_error);
-    document.LoadXml("<r><ok/></r>");
-    EXPECT_EQ("ok", ChildNames(document.GetDocumentElement()));
 }
 
 TEST(ExpatReaderFailures, MalformedInputGivesTheParsersTextAndLine)
@@ -246,14 +194,9 @@ TEST(ExpatReaderFailures, MalformedInputGivesTheParsersTextAndLine)
     EXPECT_EQ("junk after document element at line 1", ParseFailure("<a/><b/>"));
     EXPECT_EQ("undefined entity at line 1", ParseFailure("<a>&nope;</a>"));
     EXPECT_EQ("reference to invalid character number at line 1", ParseFailure("<a>&#0;</a>"));
-
-    CXmlDocument document;
-    unsigned char binary[] = {0x1F, 0x8B, 0x08, 0x00, 0x00};
-    EXPECT_EQ("not well-formed (invalid token) at line 1",
-              FailureOf([&] { document.LoadXmlStream(binary, sizeof binary); }));
 }
 
-TEST(ExpatReaderFailures, EveryTruncationOfADocumentFailsCleanly)
+TEST(ExpatReaderFailures, DamagedInputOfAnyKindFailsCleanly)
 {
     const std::string xml =
         "<?xml version='1.0'?><p:r xmlns:p='urn:p' a='1'><!-- c --><b>t&amp;&#65;</b><![CDATA[x]]><c/></p:r>";
@@ -263,17 +206,31 @@ TEST(ExpatReaderFailures, EveryTruncationOfADocumentFailsCleanly)
         const std::string cut = xml.substr(0, length);
         EXPECT_NE("", FailureOf([&] { document.LoadXml(cut.c_str()); })) << cut;
     }
+    // Bytes changed at random: whatever the parser makes of them, the
+    // result is a tree or a CNxException.
+    unsigned state = 7;
+    for (int round = 0; round < 2000; ++round) {
+        std::string damaged = xml;
+        for (int change = 0; change < 3; ++change) {
+            state = state * 1103515245u + 12345u;
+            damaged[(state >> 8) % damaged.size()] = static_cast<char>(state >> 24);
+        }
+        CXmlDocument document(context);
+        try {
+            document.LoadXmlStream(reinterpret_cast<unsigned char*>(&damaged[0]), damaged.size());
+        } catch (const CNxException&) {
+        }
+    }
 }
 
 TEST(ExpatReaderFailures, InputLongerThanOneSliceParsesAsAWhole)
 {
-    // Ten megabytes of lines cross the slices in which the input reaches
-    // the parser; text, element count and error line must come out whole.
-    const int lines = 200000;
+    // The input reaches the parser in slices; text, elements and the line
+    // of an error must come out whole across them.
+    const int lines = 100000;
     std::string xml = "<r>";
     for (int i = 0; i < lines; ++i)
         xml += "<l>0123456789012345678901234567890123456789</l>\n";
-    std::string text;
     CXmlDocument document;
     document.LoadXml((xml + "</r>").c_str());
     int count = 0;
@@ -282,7 +239,7 @@ TEST(ExpatReaderFailures, InputLongerThanOneSliceParsesAsAWhole)
         ++count;
     EXPECT_EQ(lines, count);
     EXPECT_EQ(static_cast<size_t>(lines), document.GetDocumentElement()->GetText().size());
-    EXPECT_EQ("mismatched tag at line 200001", ParseFailure((xml + "</x>").c_str()));
+    EXPECT_EQ("mismatched tag at line 100001", ParseFailure((xml + "</x>").c_str()));
 }
 
 TEST(ExpatReaderDirect, AReaderServesOneParse)
@@ -292,33 +249,29 @@ TEST(ExpatReaderDirect, AReaderServesOneParse)
         CExpatReader reader(document);
         EXPECT_THROW(reader.Parse(true), CNxInvalidStateException);
     }
-
     // A prolog alone is a failed load that keeps its input and has no root.
     EXPECT_EQ("no element found at line 2", FailureOf([&] { document.LoadXml("<!-- c -->\n"); }));
-    ASSERT_EQ(nullptr, document.GetDocumentElement());
     {
         CExpatReader reader(document);
         reader.CreateParser();
-        // Not final: the parser waits for more, and stays alive.
+        reader.CreateParser();
+        // Not final: the parser waits for more and stays alive; the final
+        // parse takes the whole input again.
         reader.Parse(false);
-        // The whole input goes in again.
         EXPECT_EQ("no element found at line 3", FailureOf([&] { reader.Parse(true); }));
         EXPECT_THROW(reader.Parse(true), CNxInvalidStateException);
     }
     {
         CExpatReader reader(document);
         reader.CreateParser();
-        reader.CreateParser();
         reader.Parse(false);
         // The destructor frees the parser left alive.
     }
-
     // Feeding a document that already has a root fails inside a callback;
-    // the failure comes out of Parse once the parser is freed.
+    // the failure comes out of Parse.
     document.LoadXml("<a>1</a>");
     CExpatReader reader(document);
     reader.CreateParser();
-    EXPECT_THROW(reader.Parse(true), CNxInvalidStateException);
     EXPECT_THROW(reader.Parse(true), CNxInvalidStateException);
     EXPECT_EQ("1", document.GetDocumentElement()->GetText());
 }
