@@ -108,7 +108,7 @@ void CExpatReader::Parse(bool isFinal)
         remaining -= slice;
     } while (parsed && remaining > 0);
 
-    if (parsed) {
+    if (parsed && !m_pendingFailure) {
         if (isFinal)
             FreeParser();
         return;

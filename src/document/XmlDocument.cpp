@@ -60,7 +60,7 @@ CXmlDocument::CXmlDocument(bool (*filter)(CXmlElement*), const CXmlSerialization
 
 CXmlDocument::~CXmlDocument()
 {
-    FreeContent();
+    Cleanup();
 }
 
 void CXmlDocument::Cleanup()

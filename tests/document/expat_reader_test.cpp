@@ -180,6 +180,9 @@ TEST(ExpatReaderFilter, AFailureInsideTheParsePassesOutUnchanged)
     // The parse stopped at the failure.
     EXPECT_EQ("ok,bad", ChildNames(document.GetDocumentElement()));
 
+    // The root ends last, with nothing left for the parser to stop.
+    EXPECT_THROW(document.LoadXml("<bad>root</bad>"), CNxInvalidValueException);
+
     CXmlDocument other(ThrowStandard);
     EXPECT_THROW(other.LoadXml("<r><a/></r>"), std::runtime_error);
 }
