@@ -11,6 +11,8 @@
 
 #include "NxFastInfosetContext.h"
 #include "NxSerializationContext.h"
+#include "NxXmlDocument.h"
+#include "NxExpatReader.h"
 
 #include "NxConversions.h"
 #include "NxBigInteger.h"

@@ -1,0 +1,197 @@
+// The parsed tree: a document that loads XML text, byte streams and files,
+// and the elements and attributes it is made of. The tree is small on
+// purpose: an element has a name, a namespace URI, its attributes in parser
+// order, a singly linked list of child elements and one text string that
+// gathers all its character data.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "NxFoundation.h"
+#include "NxSerializationContext.h"
+
+namespace NxXmlLib9 {
+
+class CXmlDocument;
+class CExpatReader;
+class CFastInfosetReader;
+
+class CXmlAttribute : public CInstanceMonitor {
+public:
+    CXmlAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri);
+    ~CXmlAttribute() override;
+    CXmlAttribute(const CXmlAttribute&) = delete;
+    CXmlAttribute& operator=(const CXmlAttribute&) = delete;
+
+    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
+    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetValue() const { return m_value; }
+
+    // True for xmlns, type, schemaLocation and noNamespaceSchemaLocation in
+    // the schema-instance or the xmlns namespace: the pair decides, so a
+    // type attribute in no namespace is an ordinary one.
+    bool IsNamespaceAttribute() const;
+    // True for nil in either of those two namespaces.
+    bool IsNilAttribute() const;
+
+private:
+    std::string m_localName;
+    std::string m_value;
+    std::string m_namespaceUri;
+};
+
+class CXmlElement : public CInstanceMonitor {
+public:
+    explicit CXmlElement(const CXmlDocument* document);
+    // Frees the whole subtree, whatever its depth, and the attributes.
+    ~CXmlElement() override;
+    CXmlElement(const CXmlElement&) = delete;
+    CXmlElement& operator=(const CXmlElement&) = delete;
+
+    // The members themselves: nothing is copied, and what is returned lives
+    // as long as the element.
+    CXmlElement* GetFirstElement() const { return m_firstChild; }
+    CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
+    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
+    // Without prefix; in namespace-free mode the name as written.
+    const std::string& GetLocalName() const { return m_localName; }
+    // All character data of the element, concatenated, without carriage
+    // returns.
+    const std::string& GetText() const { return m_text; }
+    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
+    // The document whose namespace prefixes apply to this element.
+    const CXmlDocument* GetDocument() const { return m_document; }
+
+    // Value of the first attribute with that local name and namespace; a
+    // missing attribute gives a reference to one process-wide empty string,
+    // so it looks like an empty one.
+    const std::string& GetAttribute(const std::string& localName, const std::string& namespaceUri) const;
+
+    void SetNamespace(const std::string& namespaceUri);
+    void SetElementName(const std::string& localName);
+    // Appended after the existing ones; duplicates are kept.
+    void AddAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri);
+    // Appends length bytes (nothing when length is not positive). The text
+    // grows geometrically, so text arriving in many small pieces costs
+    // linear time overall.
+    void AppendText(const char* text, int length);
+    void AppendText(const char* text);
+    // A new empty child over the same document, linked after the last one.
+    CXmlElement* CreateNewChildElement();
+    // Unlinks the last child and hands it, and its ownership, to the caller;
+    // null when there are no children. Linear in the number of children.
+    CXmlElement* RemoveLastChildElement();
+
+private:
+    friend class CXmlDocument;
+
+    const CXmlDocument* m_document;
+    CXmlElement* m_nextSibling;
+    CXmlElement* m_firstChild;
+    CXmlElement* m_lastChild;
+    std::vector<CXmlAttribute*> m_attributes;
+    std::string m_text;
+    std::string m_localName;
+    std::string m_namespaceUri;
+};
+
+// Loads one input and owns the tree built from it. Strings, narrow and wide,
+// are always XML text; files and byte streams go through Parse(). Pointers
+// into the tree stay valid until the next load, Cleanup or destruction.
+// A document belongs to one thread at a time; the context must outlive it.
+class CXmlDocument : public CInstanceMonitor {
+public:
+    // Without a context the document reads
+    // CXmlSerializationContext::m_defaultContext; without a filter every
+    // element stays in the tree.
+    CXmlDocument();
+    explicit CXmlDocument(const CXmlSerializationContext& context);
+    // The filter sees each element once it has ended, with its subtree,
+    // attributes and text complete, and answers true to have it dropped
+    // from its parent. Children are shown before their parents. It is called
+    // for XML text only, and must answer false for the document element,
+    // which has no parent to be dropped from (a true answer there is ignored).
+    explicit CXmlDocument(bool (*filter)(CXmlElement*));
+    CXmlDocument(bool (*filter)(CXmlElement*), const CXmlSerializationContext& context);
+    ~CXmlDocument() override;
+    CXmlDocument(const CXmlDocument&) = delete;
+    CXmlDocument& operator=(const CXmlDocument&) = delete;
+
+    // Frees the tree and the input, empties the open elements and the
+    // prefix map. Safe on an empty document; every load starts with it.
+    virtual void Cleanup();
+    // Makes the document empty and samples the schema type of the context
+    // again; the constructors end with it.
+    void Init();
+
+    // Each load throws a CNxException on any failure; a parser's failure
+    // passes through unchanged, and the tree built up to it stays until the
+    // next Cleanup.
+    void Load(const char* path);
+    void LoadXml(const char* text);
+    // Handed to the parser as UTF-16, little-endian with a byte order mark;
+    // each wide character is cut to its low 16 bits.
+    void LoadXml(const wchar_t* text);
+    void LoadXmlStream(unsigned char* bytes, unsigned long size);
+
+    // The path of files and byte streams: unpacks compressed input and
+    // recognises binary documents ahead of reading the input as XML text.
+    void Parse();
+    // Reads the input as XML text.
+    void ParseText();
+
+    CXmlElement* GetDocumentElement() const { return m_documentElement; }
+    // The URI last bound to the alias anywhere in the document; the default
+    // namespace stands under the empty alias. Unknown aliases give "".
+    std::string LookupNamespaceFromAlias(const char* alias) const;
+
+    // The input being parsed, kept until the next Cleanup.
+    const unsigned char* GetInputBuffer() const { return m_inputBuffer; }
+    unsigned long GetInputSize() const { return m_inputSize; }
+    SchemaType GetSchemaType() const { return m_schemaType; }
+    const CXmlSerializationContext& GetContext() const { return m_context; }
+
+    // What the parsers feed the tree with. The open elements form a stack:
+    // its top receives text and children.
+    CXmlElement* AddDocElement(const char* namespaceUri, const char* localName);
+    // Throws CNxInvalidStateException when no element is open.
+    CXmlElement* AddChildElement(const char* namespaceUri, const char* localName);
+    static void AddElementAttribute(CXmlElement* element, const std::string& localName, const std::string& value,
+                                    const std::string& namespaceUri);
+    // The only way character data enters the tree: appends the text with
+    // every carriage return dropped, stopping at the first zero byte or
+    // after length bytes.
+    static void AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length);
+    static void AppendTextExcludingCR(CXmlElement* element, const char* text);
+    // Closes the top element and shows it to the filter. Throws
+    // CNxInvalidStateException when no element is open.
+    void EndElement();
+
+private:
+    friend class CExpatReader;
+    friend class CFastInfosetReader;
+
+    void FreeContent();
+    static void ReleaseTextSlack(CXmlElement* element);
+    void AdoptInput(unsigned char* buffer, unsigned long size);
+    // The stages ahead of the XML text parser on the path of files and
+    // streams.
+    void DecompressInput();
+    bool ParseFastInfoset();
+
+    CXmlElement* m_documentElement;
+    std::vector<CXmlElement*> m_openElements;
+    std::map<std::string, std::string> m_prefixMap;
+    unsigned char* m_inputBuffer;
+    unsigned long m_inputSize;
+    SchemaType m_schemaType;
+    bool (*m_filter)(CXmlElement*);
+    const CXmlSerializationContext& m_context;
+};
+
+// Stored for the callers that set it; reading files does not depend on it.
+void AsyncFromXmlFile(bool asyncFromXmlFile);
+
+} // namespace NxXmlLib9

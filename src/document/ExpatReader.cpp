@@ -1,0 +1,257 @@
+// The bridge from Expat to the document tree.
+#include "NxExpatReader.h"
+
+#include "NxEncoder.h"
+#include "NxException.h"
+#include "NxXmlDocument.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+namespace NxXmlLib9 {
+
+namespace {
+
+const unsigned long SCRATCH_SIZE = 1024;
+// Between a namespace URI and a local name in the names the parser reports.
+const char NAMESPACE_SEPARATOR = '|';
+// The input reaches the parser in slices of this size: the parser copies
+// what it is given into its own buffer, and slices keep that buffer small
+// beside the input, whatever the input's size. They also keep every length
+// within the parser's int argument.
+const unsigned long PARSE_SLICE = 1UL << 20;
+
+// Splits "URI|local" in place at the first separator; a name without one
+// has no namespace.
+void SplitName(std::string& name, const char*& namespaceUri, const char*& localName)
+{
+    const size_t separator = name.find(NAMESPACE_SEPARATOR);
+    if (separator == std::string::npos) {
+        namespaceUri = "";
+        localName = name.c_str();
+        return;
+    }
+    name[separator] = '\0';
+    namespaceUri = name.c_str();
+    localName = name.c_str() + separator + 1;
+}
+
+} // namespace
+
+CExpatReader::CExpatReader(CXmlDocument& document)
+    : CInstanceMonitor("CExpatReader"), m_document(document), m_scratch(nullptr), m_scratchSize(0), m_parser(nullptr)
+{
+}
+
+CExpatReader::~CExpatReader()
+{
+    Cleanup();
+    FreeParser();
+}
+
+void CExpatReader::Cleanup()
+{
+    delete[] m_scratch;
+    m_scratch = nullptr;
+    m_scratchSize = 0;
+}
+
+void CExpatReader::FreeParser()
+{
+    if (m_parser) {
+        XML_ParserFree(m_parser);
+        m_parser = nullptr;
+    }
+}
+
+void CExpatReader::CreateParser()
+{
+    FreeParser();
+    Cleanup();
+    m_pendingFailure = nullptr;
+    m_scratch = new char[SCRATCH_SIZE];
+    m_scratchSize = SCRATCH_SIZE;
+
+    if (m_document.GetSchemaType() == SchemaTypeNoNamespaces)
+        m_parser = XML_ParserCreate(nullptr);
+    else
+        m_parser = XML_ParserCreateNS(nullptr, NAMESPACE_SEPARATOR);
+    if (!m_parser)
+        throw std::bad_alloc();
+
+    XML_SetUserData(m_parser, this);
+    XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
+    // Without namespace processing the parser never calls these.
+    XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);
+    XML_SetCharacterDataHandler(m_parser, FnText);
+    // Otherwise the content of a CDATA section arrives as plain text.
+    if (!m_document.GetContext().GetStripCDATA())
+        XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
+}
+
+void CExpatReader::Parse(bool isFinal)
+{
+    if (!m_parser)
+        throw CNxInvalidStateException("The XML parser has not been created, or has already parsed its input");
+
+    const char* data = reinterpret_cast<const char*>(m_document.GetInputBuffer());
+    unsigned long remaining = m_document.GetInputSize();
+    bool parsed = true;
+    do {
+        const unsigned long slice = std::min(remaining, PARSE_SLICE);
+        const bool last = slice == remaining;
+        parsed = XML_Parse(m_parser, data, static_cast<int>(slice), isFinal && last) != XML_STATUS_ERROR;
+        data += slice;
+        remaining -= slice;
+    } while (parsed && remaining > 0);
+
+    if (parsed && !m_pendingFailure) {
+        if (isFinal)
+            FreeParser();
+        return;
+    }
+
+    if (m_pendingFailure) {
+        std::exception_ptr failure = m_pendingFailure;
+        m_pendingFailure = nullptr;
+        Cleanup();
+        FreeParser();
+        std::rethrow_exception(failure);
+    }
+    const XML_Size line = XML_GetCurrentLineNumber(m_parser);
+    const XML_LChar* error = XML_ErrorString(XML_GetErrorCode(m_parser));
+    std::string message = FormatString("%s at line %d", error ? error : "", static_cast<int>(line));
+    Cleanup();
+    FreeParser();
+    throw CNxException(std::move(message));
+}
+
+// Runs one callback's work. A failure must not unwind through the parser:
+// it is kept, the parser is stopped, and Parse rethrows it once the parser
+// has returned. Callbacks that still come after the stop are ignored.
+template <class Step>
+void CExpatReader::Guarded(void* userData, Step step)
+{
+    CExpatReader& reader = *static_cast<CExpatReader*>(userData);
+    if (reader.m_pendingFailure)
+        return;
+    try {
+        step(reader);
+    } catch (...) {
+        reader.m_pendingFailure = std::current_exception();
+        XML_StopParser(reader.m_parser, XML_FALSE);
+    }
+}
+
+// Local text of UTF-8 input through the scratch buffer: its first half is
+// the wide work area, its second half the byte work area, so that short
+// names and text convert without allocating. 7-bit text is the same in
+// UTF-8 and in every local code page, and most markup is 7-bit: it is taken
+// as it stands, sparing the character-by-character locale conversion.
+std::string CExpatReader::ToLocal(const char* text, int length)
+{
+    unsigned char* bytes = reinterpret_cast<unsigned char*>(const_cast<char*>(text));
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(bytes, static_cast<unsigned long>(length)))
+        return std::string(text, static_cast<size_t>(length));
+    return CEncoder::Utf8ToLocalCodePage(bytes, length, reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
+                                         m_scratch + m_scratchSize / 2, m_scratchSize / 2);
+}
+
+// The same without the scratch buffer, for attribute names and values.
+std::string CExpatReader::ToLocal(const char* text)
+{
+    const size_t length = std::strlen(text);
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
+                                                     static_cast<unsigned long>(length)))
+        return std::string(text, length);
+    return CEncoder::Utf8ToLocalCodePage(text);
+}
+
+void CExpatReader::FnStartElement(void* userData, const char* name, const char** attributes)
+{
+    Guarded(userData, [name, attributes](CExpatReader& reader) {
+        CXmlDocument& document = reader.m_document;
+        std::string localText = reader.ToLocal(name, static_cast<int>(std::strlen(name)));
+        const char* namespaceUri = nullptr;
+        const char* localName = nullptr;
+        SplitName(localText, namespaceUri, localName);
+        CXmlElement* element = document.GetDocumentElement() ? document.AddChildElement(namespaceUri, localName)
+                                                              : document.AddDocElement(namespaceUri, localName);
+
+        for (const char** attribute = attributes; attribute && attribute[0]; attribute += 2) {
+            std::string attributeName = ToLocal(attribute[0]);
+            const std::string value = ToLocal(attribute[1]);
+            const char* attributeNamespace = nullptr;
+            const char* attributeLocalName = nullptr;
+            SplitName(attributeName, attributeNamespace, attributeLocalName);
+            CXmlDocument::AddElementAttribute(element, attributeLocalName, value, attributeNamespace);
+        }
+    });
+}
+
+void CExpatReader::FnEndElement(void* userData, const char* name)
+{
+    (void)name;
+    Guarded(userData, [](CExpatReader& reader) { reader.m_document.EndElement(); });
+}
+
+void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri)
+{
+    // A null prefix is the default namespace, a null URI an undeclaration:
+    // both stand as empty texts. The map is flat, so the last declaration
+    // in document order wins.
+    Guarded(userData, [prefix, uri](CExpatReader& reader) {
+        std::string alias = prefix ? reader.ToLocal(prefix, static_cast<int>(std::strlen(prefix))) : std::string();
+        std::string namespaceUri = uri ? reader.ToLocal(uri, static_cast<int>(std::strlen(uri))) : std::string();
+        reader.m_document.m_prefixMap[std::move(alias)] = std::move(namespaceUri);
+    });
+}
+
+void CExpatReader::FnEndNamespace(void* userData, const char* prefix)
+{
+    // Declarations are not scoped: nothing is undone at the end.
+    (void)userData;
+    (void)prefix;
+}
+
+void CExpatReader::FnText(void* userData, const char* text, int length)
+{
+    if (length <= 0)
+        return;
+    Guarded(userData, [text, length](CExpatReader& reader) {
+        std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
+        if (open.empty())
+            return;
+        // 7-bit text goes into the tree straight from the parser's buffer.
+        if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
+                                                         static_cast<unsigned long>(length))) {
+            CXmlDocument::AppendTextExcludingCR(open.back(), text, static_cast<unsigned long>(length));
+            return;
+        }
+        const std::string local = reader.ToLocal(text, length);
+        CXmlDocument::AppendTextExcludingCR(open.back(), local.c_str());
+    });
+}
+
+void CExpatReader::FnStartCDATA(void* userData)
+{
+    Guarded(userData, [](CExpatReader& reader) {
+        std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
+        if (!open.empty())
+            CXmlDocument::AppendTextExcludingCR(open.back(), "<![CDATA[");
+    });
+}
+
+void CExpatReader::FnEndCDATA(void* userData)
+{
+    Guarded(userData, [](CExpatReader& reader) {
+        std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
+        if (!open.empty())
+            CXmlDocument::AppendTextExcludingCR(open.back(), "]]>");
+    });
+}
+
+} // namespace NxXmlLib9
