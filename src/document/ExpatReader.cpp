@@ -148,25 +148,17 @@ void CExpatReader::Guarded(void* userData, Step step)
 
 // Local text of UTF-8 input through the scratch buffer: its first half is
 // the wide work area, its second half the byte work area, so that short
-// names and text convert without allocating. 7-bit text is the same in
-// UTF-8 and in every local code page, and most markup is 7-bit: it is taken
-// as it stands, sparing the character-by-character locale conversion.
+// names and text convert without allocating.
 std::string CExpatReader::ToLocal(const char* text, int length)
 {
-    unsigned char* bytes = reinterpret_cast<unsigned char*>(const_cast<char*>(text));
-    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(bytes, static_cast<unsigned long>(length)))
-        return std::string(text, static_cast<size_t>(length));
-    return CEncoder::Utf8ToLocalCodePage(bytes, length, reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
+    return CEncoder::Utf8ToLocalCodePage(reinterpret_cast<unsigned char*>(const_cast<char*>(text)), length,
+                                         reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
                                          m_scratch + m_scratchSize / 2, m_scratchSize / 2);
 }
 
 // The same without the scratch buffer, for attribute names and values.
 std::string CExpatReader::ToLocal(const char* text)
 {
-    const size_t length = std::strlen(text);
-    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
-                                                     static_cast<unsigned long>(length)))
-        return std::string(text, length);
     return CEncoder::Utf8ToLocalCodePage(text);
 }
 

@@ -213,6 +213,14 @@ std::string CEncoder::Utf8ToLocalCodePage(unsigned char* data, int length, wchar
     if (AsciiOnly())
         return std::string(reinterpret_cast<const char*>(data), static_cast<size_t>(length));
 
+    // 7-bit text reads the same in UTF-8 and in every local code page, and
+    // most markup is 7-bit: it needs no conversion, up to a zero byte as the
+    // wide walk would stop there.
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(data, static_cast<unsigned long>(length))) {
+        const char* bytes = reinterpret_cast<const char*>(data);
+        return std::string(bytes, strnlen(bytes, static_cast<size_t>(length)));
+    }
+
     const size_t units = static_cast<size_t>(length) + 1;
     std::unique_ptr<wchar_t[]> ownWide;
     wchar_t* wide = wideScratch;
@@ -220,15 +228,8 @@ std::string CEncoder::Utf8ToLocalCodePage(unsigned char* data, int length, wchar
         ownWide.reset(new wchar_t[units]);
         wide = ownWide.get();
     }
-
-    if (DoesUTF8StrContainAnyCharsLargerThanOneByte(data, static_cast<unsigned long>(length))) {
-        const unsigned long count = UTF8ToUnicode(data, static_cast<unsigned long>(length), wide, units);
-        wide[count] = L'\0';
-    } else {
-        for (int i = 0; i < length; ++i)
-            wide[i] = static_cast<wchar_t>(data[i]);
-        wide[length] = L'\0';
-    }
+    const unsigned long count = UTF8ToUnicode(data, static_cast<unsigned long>(length), wide, units);
+    wide[count] = L'\0';
     return WideToLocal(wide, scratch, scratchLength);
 }
 
