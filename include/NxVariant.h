@@ -27,6 +27,8 @@ namespace NxXmlLib9 {
 //
 // Getters perform no type check: each reads the value word as its own kind,
 // so reading a kind that the variant does not hold is the caller's fault.
+// The getters of owned objects never follow a word that holds no object of
+// their class, though: they give that class's empty value instead.
 class NxVariant {
 public:
     NxVariant();
