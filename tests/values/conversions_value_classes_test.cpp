@@ -123,13 +123,6 @@ TEST(DateConversionsTest, YearMonthAndDayComeOutOfAnyDateFormThatHasThem)
                                             "Invalid Month [13] (1 <= month <= 12)");
 }
 
-TEST(DateConversionsTest, BareNumbersRoundTripThroughTheirDateForms)
-{
-    EXPECT_EQ("2000", C::yearToString(C::yearFromString("2000", kNone)));
-    EXPECT_EQ("--12", C::monthToString(C::monthFromString("--12", kNone)));
-    EXPECT_EQ("---31", C::dayToString(C::dayFromString("---31", kNone)));
-}
-
 TEST(DecimalConversionsTest, PrintsEveryDigitWithoutAFormat)
 {
     EXPECT_EQ("1.5", C::decimalToString(C::decimalFromString(" 001.50 ", kCollapse), nullptr));

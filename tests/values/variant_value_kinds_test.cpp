@@ -117,22 +117,16 @@ TEST(VariantValueKindsTest, GetterOfAnotherClassGivesAnEmptyValue)
     EXPECT_EQ("", v.GetString());
 }
 
-TEST(VariantValueKindsTest, FromStringReadsEachKind)
+TEST(VariantValueKindsTest, DatePartsAreReadFromAnyFormThatHasThem)
 {
     NxVariant v;
-    v.FromString("0fa0", ItemTypeHexBinary, kNone);
-    EXPECT_EQ("0FA0", v.ToString(nullptr));
-    v.FromString("TW Fu", ItemTypeBase64Binary, kNone);
-    EXPECT_EQ(3u, v.GetBase64Binary().GetLength());
-    v.FromString(" 2000-05 ", ItemTypeYear, WS::WhitespaceRuleCollapse);
+    v.FromString("2000-05", ItemTypeYear, kNone);
     EXPECT_EQ(ItemTypeYear, v.GetItemType());
     EXPECT_EQ(2000, v.GetYear());
     v.FromString("2000-05", ItemTypeMonth, kNone);
     EXPECT_EQ("--05", v.ToString(nullptr));
     v.FromString("--05-17", ItemTypeDay, kNone);
     EXPECT_EQ("---17", v.ToString(nullptr));
-    v.FromString("1e3", ItemTypeInteger, kNone);
-    EXPECT_EQ("1000", v.ToString(nullptr));
 }
 
 TEST(VariantValueKindsTest, FailedFromStringKeepsThePreviousValue)
@@ -150,22 +144,12 @@ TEST(VariantValueKindsTest, FailedFromStringKeepsThePreviousValue)
     EXPECT_EQ("1.5", v.ToString(nullptr));
 }
 
-TEST(VariantValueKindsTest, FormatReachesTheDecimal)
+TEST(VariantValueKindsTest, FormatReachesTheDecimalOnly)
 {
     NxVariant v;
     v.SetDecimal(CDecimal("1.25"));
     EXPECT_EQ("1.25", v.ToString(nullptr));
     EXPECT_EQ("1.7", v.ToString("1"));
-    ExpectFailure<CNxInvalidParamException>([&] { v.ToString("%.1f"); },
-                                            "The format [%.1f] can not be used to convert a decimal");
-    // Other kinds take no format.
     v.SetInteger(CBigInteger(12));
     EXPECT_EQ("12", v.ToString("1"));
-}
-
-TEST(VariantValueKindsTest, UnsetDatePrintsByFailing)
-{
-    NxVariant v;
-    v.SetDateTime(CDateTime());
-    ExpectFailure<CNxInvalidValueException>([&] { v.ToString(nullptr); }, "Date Not Set");
 }
