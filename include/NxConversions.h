@@ -5,6 +5,11 @@
 
 #include <string>
 
+#include "NxBigInteger.h"
+#include "NxBinaryData.h"
+#include "NxDateTime.h"
+#include "NxDateTimeSpan.h"
+#include "NxDecimal.h"
 #include "NxException.h"
 #include "NxFoundation.h"
 
@@ -42,9 +47,8 @@ public:
 };
 
 // Text forms of the primitive kinds, one ToString/FromString pair per kind.
-// The kinds backed by value classes (binary data, durations, dates, decimals,
-// big integers) and the parsing of year, month and day join this class as
-// further static members of the same shape.
+// The kinds backed by value classes print through the class's own text form
+// and read through its own parser, whose failures pass through unchanged.
 class CConversions {
 public:
     using WhitespaceRule = CWhitespaceUtils::WhitespaceRule;
@@ -94,6 +98,48 @@ public:
     // "true"/"false"; reading also takes "1"/"0", in any letter case.
     static std::string booleanToString(bool value);
     static bool booleanFromString(const std::string& text, WhitespaceRule rule);
+
+    // Binary data: hex text in upper case, base64 without line breaks.
+    // Reading hex takes either case; reading base64 skips white space and
+    // '=' anywhere, and a character outside the alphabet gives no bytes.
+    static std::string hexBinaryToString(const CBinaryData& value);
+    static std::string base64BinaryToString(const CBinaryData& value);
+    static CBinaryData hexBinaryFromString(const std::string& text, WhitespaceRule rule);
+    static CBinaryData base64BinaryFromString(const std::string& text, WhitespaceRule rule);
+
+    static std::string durationToString(const CDateTimeSpan& value);
+    static CDateTimeSpan durationFromString(const std::string& text, WhitespaceRule rule);
+
+    // The date kinds print the value's own form, whatever kind it holds.
+    static std::string yearMonthToString(const CDateTime& value);
+    static std::string monthDayToString(const CDateTime& value);
+    static std::string dateToString(const CDateTime& value);
+    static std::string datetimeToString(const CDateTime& value);
+    static std::string timeToString(const CDateTime& value);
+    // The three date readers take every date form (gYear, gYearMonth, date,
+    // gMonth, gDay, gMonthDay) and return it with the kind of that form, not
+    // the kind in their name.
+    static CDateTime yearMonthFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime monthDayFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime dateFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime datetimeFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime timeFromString(const std::string& text, WhitespaceRule rule);
+    // A date form read for one of its fields; a form without that field
+    // throws CNxInvalidStateException. A year before the common era comes
+    // back as its bit pattern in an unsigned short.
+    static unsigned short yearFromString(const std::string& text, WhitespaceRule rule);
+    static unsigned char monthFromString(const std::string& text, WhitespaceRule rule);
+    static unsigned char dayFromString(const std::string& text, WhitespaceRule rule);
+
+    // A null format prints every digit; otherwise the format is a count of
+    // fractional digits in decimal ("2"), and the value is printed rounded
+    // for output by CDecimal::ToString(int). A format that is not such a
+    // count throws CNxInvalidParamException.
+    static std::string decimalToString(const CDecimal& value, const char* format);
+    static CDecimal decimalFromString(const std::string& text, WhitespaceRule rule);
+
+    static std::string integerToString(const CBigInteger& value);
+    static CBigInteger integerFromString(const std::string& text, WhitespaceRule rule);
 };
 
 } // namespace NxXmlLib9

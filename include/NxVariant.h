@@ -3,22 +3,32 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
+#include "NxBigInteger.h"
+#include "NxBinaryData.h"
 #include "NxCollectionBase.h"
 #include "NxConversions.h"
+#include "NxDateTime.h"
+#include "NxDateTimeSpan.h"
+#include "NxDecimal.h"
 #include "NxFoundation.h"
 #include "NxSmartPtr.h"
 #include "NxXmlObjectBase.h"
 
 namespace NxXmlLib9 {
 
-// Numbers, characters and booleans are held in the value word itself. Other
-// kinds are held through a pointer in that word: a string (and every value
-// object) is owned by the variant and copied with it; a bound object or a
-// collection is shared, and the variant holds one count on it.
+// Numbers, characters and booleans are held in the value word itself, and so
+// are year, month and day, as bare numbers. Other kinds are held through a
+// pointer in that word: a string and every value object (binary data,
+// duration, the five date kinds, decimal, integer) is owned by the variant
+// and copied with it; a bound object or a collection is shared, and the
+// variant holds one count on it.
 //
 // Getters perform no type check: each reads the value word as its own kind,
 // so reading a kind that the variant does not hold is the caller's fault.
+// The getters of owned objects never follow a word that holds no object of
+// their class, though: they give that class's empty value instead.
 class NxVariant {
 public:
     NxVariant();
@@ -48,7 +58,8 @@ public:
     // means the kind's default format.
     std::string ToString(const char* format = nullptr) const;
     // Parses the text as the given kind and stores the result. When parsing
-    // fails the variant keeps its previous value.
+    // fails the variant keeps its previous value. The date kinds take the
+    // kind of what the text holds: "2000-05" read as a date is a gYearMonth.
     void FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
     void SetI1(char value);
@@ -70,6 +81,18 @@ public:
     // The type is set even for a null pointer; a non-null one gains a count.
     void SetXmlObject(CXmlObjectBase* value);
     void SetXmlCollection(CXmlCollectionBase* value);
+    // The value objects are copied into the variant. A copy of binary data
+    // shares its bytes with the original until either is written to.
+    void SetHexBinary(const CBinaryData& value);
+    void SetBase64Binary(const CBinaryData& value);
+    void SetDuration(const CDateTimeSpan& value);
+    void SetYearMonth(const CDateTime& value);
+    void SetMonthDay(const CDateTime& value);
+    void SetDate(const CDateTime& value);
+    void SetDateTime(const CDateTime& value);
+    void SetTime(const CDateTime& value);
+    void SetDecimal(const CDecimal& value);
+    void SetInteger(const CBigInteger& value);
 
     char GetI1() const { return m_value.i1; }
     short GetI2() const { return m_value.i2; }
@@ -85,7 +108,7 @@ public:
     unsigned char GetMonth() const { return m_value.month; }
     unsigned char GetDay() const { return m_value.day; }
     char GetChar() const { return m_value.character; }
-    std::string GetString() const { return m_value.string ? *m_value.string : std::string(); }
+    std::string GetString() const;
     bool GetBoolean() const { return m_value.boolean; }
     // The receiver holds its own count.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const { return CSmartPtr<CXmlObjectBase>(m_value.object); }
@@ -93,6 +116,20 @@ public:
     {
         return CSmartPtr<CXmlCollectionBase>(m_value.collection);
     }
+    // Copies of the held value object. The two binary getters read the same
+    // object, and so do the five date getters: the copy has the kind of the
+    // value stored, whichever of them is called. A variant that holds no
+    // object of the class asked for gives that class's empty value.
+    CBinaryData GetHexBinary() const;
+    CBinaryData GetBase64Binary() const;
+    CDateTimeSpan GetDuration() const;
+    CDateTime GetYearMonth() const;
+    CDateTime GetMonthDay() const;
+    CDateTime GetDate() const;
+    CDateTime GetDateTime() const;
+    CDateTime GetTime() const;
+    CDecimal GetDecimal() const;
+    CBigInteger GetInteger() const;
 
 private:
     // One machine word. It is all zero whenever the variant is invalid.
@@ -114,6 +151,11 @@ private:
         char character;
         bool boolean;
         std::string* string;
+        CBinaryData* binary;
+        CDateTimeSpan* duration;
+        CDateTime* dateTime;
+        CDecimal* decimal;
+        CBigInteger* integer;
         CXmlObjectBase* object;
         CXmlCollectionBase* collection;
         void* owned;
@@ -126,7 +168,24 @@ private:
         stored.*member = value;
         Install(type, stored);
     }
-    void SetOwnedString(std::string value);
+    // Moves the value into a new heap object that the variant owns.
+    template <class T>
+    void SetOwned(ItemType type, T* Value::*member, T value)
+    {
+        Value stored{};
+        stored.*member = new T(std::move(value));
+        Install(type, stored);
+    }
+    // The object in the value word when the present kind owns a T there,
+    // otherwise null; a value word that holds a number or another class is
+    // never read as a T.
+    template <class T>
+    const T* Owned() const;
+    template <class T>
+    T CopyOfOwned() const;
+    // The held object of the present kind, read in place for printing.
+    template <class T>
+    const T& Held() const;
 
     // Releases the present content and stores the given one, which the
     // variant already owns.

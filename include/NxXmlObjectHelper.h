@@ -59,8 +59,48 @@ public:
     static void CheckRestrictionForr4(const char* name, float value, const CPrimitiveRestrictions& restrictions);
     static void CheckRestrictionForr8(const char* name, double value, const CPrimitiveRestrictions& restrictions);
 
-    // The kinds held by value classes (binary data, durations, dates and
-    // their parts, decimals, big integers) get checks of the same shape.
+    // Binary data: MinLength, MaxLength, Length on the decoded bytes. The
+    // failure shows the data in the kind's own text; Pattern is not tested.
+    static void CheckRestrictionForhexBinary(const char* name, const CBinaryData& value,
+                                             const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForbase64Binary(const char* name, const CBinaryData& value,
+                                                const CPrimitiveRestrictions& restrictions);
+
+    // Durations and the date kinds are ordered by CompareTo, which may find
+    // the order open (a value without a zone within 14 hours of a bound with
+    // one, or P1M against P30D); such a value passes that bound.
+    static void CheckRestrictionForduration(const char* name, const CDateTimeSpan& value,
+                                            const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForyearMonth(const char* name, const CDateTime& value,
+                                             const CPrimitiveRestrictions& restrictions);
+    // The same check as CheckRestrictionForyearMonth, under the name that
+    // generated code may also call.
+    static void CheckRestrictionFormonthYear(const char* name, const CDateTime& value,
+                                             const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFormonthDay(const char* name, const CDateTime& value,
+                                            const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFordate(const char* name, const CDateTime& value,
+                                        const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFordatetime(const char* name, const CDateTime& value,
+                                            const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFortime(const char* name, const CDateTime& value,
+                                        const CPrimitiveRestrictions& restrictions);
+
+    // Year, month and day are bare numbers with the order tests of the
+    // numbers; their bounds are date forms ("2000", "--05", "---17").
+    static void CheckRestrictionForyear(const char* name, unsigned short value,
+                                        const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionFormonth(const char* name, unsigned char value,
+                                         const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForday(const char* name, unsigned char value,
+                                       const CPrimitiveRestrictions& restrictions);
+
+    // Decimals and big integers apply the order tests with their own
+    // operators; the failure prints the value's own text.
+    static void CheckRestrictionFordecimal(const char* name, const CDecimal& value,
+                                           const CPrimitiveRestrictions& restrictions);
+    static void CheckRestrictionForinteger(const char* name, const CBigInteger& value,
+                                           const CPrimitiveRestrictions& restrictions);
 };
 
 } // namespace NxXmlLib9

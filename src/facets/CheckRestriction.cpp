@@ -36,11 +36,35 @@ void CXmlObjectHelper::CheckRestriction(const char* name, const NxVariant& value
         return CheckRestrictionForstring(name, value.GetString(), restrictions);
     case ItemTypeBoolean:
         return CheckRestrictionForboolean(name, value.GetBoolean(), restrictions);
+    case ItemTypeHexBinary:
+        return CheckRestrictionForhexBinary(name, value.GetHexBinary(), restrictions);
+    case ItemTypeBase64Binary:
+        return CheckRestrictionForbase64Binary(name, value.GetBase64Binary(), restrictions);
+    case ItemTypeDuration:
+        return CheckRestrictionForduration(name, value.GetDuration(), restrictions);
+    case ItemTypeYearMonth:
+        return CheckRestrictionForyearMonth(name, value.GetYearMonth(), restrictions);
+    case ItemTypeMonthDay:
+        return CheckRestrictionFormonthDay(name, value.GetMonthDay(), restrictions);
+    case ItemTypeYear:
+        return CheckRestrictionForyear(name, value.GetYear(), restrictions);
+    case ItemTypeMonth:
+        return CheckRestrictionFormonth(name, value.GetMonth(), restrictions);
+    case ItemTypeDay:
+        return CheckRestrictionForday(name, value.GetDay(), restrictions);
+    case ItemTypeDate:
+        return CheckRestrictionFordate(name, value.GetDate(), restrictions);
+    case ItemTypeDateTime:
+        return CheckRestrictionFordatetime(name, value.GetDateTime(), restrictions);
+    case ItemTypeTime:
+        return CheckRestrictionFortime(name, value.GetTime(), restrictions);
+    case ItemTypeDecimal:
+        return CheckRestrictionFordecimal(name, value.GetDecimal(), restrictions);
+    case ItemTypeInteger:
+        return CheckRestrictionForinteger(name, value.GetInteger(), restrictions);
     default:
         // A single char has no check, nor has anything that is not a
         // primitive; GetType fails first on a variant whose tag has no name.
-        // The kinds held by value classes land here until their checks are
-        // dispatched above.
         throw CNxInvalidValueException("unknown type [" + value.GetType() + "]");
     }
 }

@@ -9,6 +9,7 @@
 
 namespace NxXmlLib9 {
 
+using Facets::BreaksLengthFacets;
 using Facets::DescribeText;
 using Facets::ThrowFacetFailure;
 
@@ -16,12 +17,7 @@ void CXmlObjectHelper::CheckRestrictionForstring(const char* name, std::string v
                                                  const CPrimitiveRestrictions& restrictions)
 {
     // Lengths count the bytes of the local text, not its characters.
-    const size_t length = value.length();
-    const bool lengthBroken =
-        (restrictions.MinLength >= 0 && length < static_cast<size_t>(restrictions.MinLength)) ||
-        (restrictions.MaxLength >= 0 && length > static_cast<size_t>(restrictions.MaxLength)) ||
-        (restrictions.Length >= 0 && length != static_cast<size_t>(restrictions.Length));
-    if (lengthBroken)
+    if (BreaksLengthFacets(value.length(), restrictions))
         ThrowFacetFailure(DescribeText(name, value));
 
     if (!restrictions.Pattern.empty()) {

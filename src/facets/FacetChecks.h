@@ -2,6 +2,7 @@
 // that every ordered kind applies in the same sequence.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -54,6 +55,45 @@ void CheckOrderFacets(const T& value, const CPrimitiveRestrictions& restrictions
     if (!restrictions.MaxExclusive.empty() && !(value < parse(restrictions.MaxExclusive, collapse)))
         ThrowFacetFailure(describe());
 }
+
+// MinLength, MaxLength and Length, each skipped when negative. Only the
+// failure matters, not which of them failed, so they are tested together.
+inline bool BreaksLengthFacets(size_t length, const CPrimitiveRestrictions& restrictions)
+{
+    return (restrictions.MinLength >= 0 && length < static_cast<size_t>(restrictions.MinLength)) ||
+           (restrictions.MaxLength >= 0 && length > static_cast<size_t>(restrictions.MaxLength)) ||
+           (restrictions.Length >= 0 && length != static_cast<size_t>(restrictions.Length));
+}
+
+// Presents a value with a partial order to CheckOrderFacets. Its CompareTo
+// answers 0 equal, 1 less, 2 greater or 3 indeterminate, and a bound fails
+// only on a definite answer against it: a value whose order against a bound
+// is open passes that bound.
+template <class T>
+class DefiniteOrder {
+public:
+    explicit DefiniteOrder(const T& value) : m_value(value) {}
+
+    bool operator>=(const T& bound) const { return m_value.CompareTo(bound) != kLess; }
+    bool operator<=(const T& bound) const { return m_value.CompareTo(bound) != kGreater; }
+    bool operator>(const T& bound) const
+    {
+        const int order = m_value.CompareTo(bound);
+        return order != kEqual && order != kLess;
+    }
+    bool operator<(const T& bound) const
+    {
+        const int order = m_value.CompareTo(bound);
+        return order != kEqual && order != kGreater;
+    }
+
+private:
+    static constexpr int kEqual = 0;
+    static constexpr int kLess = 1;
+    static constexpr int kGreater = 2;
+
+    const T& m_value;
+};
 
 } // namespace Facets
 } // namespace NxXmlLib9

@@ -30,13 +30,27 @@ void DestroyObject(void* object) noexcept
 template <class T>
 const OwnedKind kOwned = {&CloneObject<T>, &DestroyObject<T>};
 
-// The kinds whose value the variant owns on the heap; every value object
-// kind belongs here, next to the string.
+// The kinds whose value the variant owns on the heap.
 const OwnedKind* OwnedKindOf(ItemType type)
 {
     switch (type) {
     case ItemTypeString:
         return &kOwned<std::string>;
+    case ItemTypeHexBinary:
+    case ItemTypeBase64Binary:
+        return &kOwned<CBinaryData>;
+    case ItemTypeDuration:
+        return &kOwned<CDateTimeSpan>;
+    case ItemTypeYearMonth:
+    case ItemTypeMonthDay:
+    case ItemTypeDate:
+    case ItemTypeDateTime:
+    case ItemTypeTime:
+        return &kOwned<CDateTime>;
+    case ItemTypeDecimal:
+        return &kOwned<CDecimal>;
+    case ItemTypeInteger:
+        return &kOwned<CBigInteger>;
     default:
         return nullptr;
     }
@@ -190,6 +204,41 @@ void NxVariant::Dispose(ItemType type, const Value& value) noexcept
     }
 }
 
+template <class T>
+const T* NxVariant::Owned() const
+{
+    if (OwnedKindOf(m_type) != &kOwned<T>)
+        return nullptr;
+    return static_cast<const T*>(m_value.owned);
+}
+
+// The owned kinds are read elsewhere too, for printing.
+template const std::string* NxVariant::Owned<std::string>() const;
+template const CBinaryData* NxVariant::Owned<CBinaryData>() const;
+template const CDateTimeSpan* NxVariant::Owned<CDateTimeSpan>() const;
+template const CDateTime* NxVariant::Owned<CDateTime>() const;
+template const CDecimal* NxVariant::Owned<CDecimal>() const;
+template const CBigInteger* NxVariant::Owned<CBigInteger>() const;
+
+template <class T>
+T NxVariant::CopyOfOwned() const
+{
+    const T* held = Owned<T>();
+    return held != nullptr ? *held : T();
+}
+
+std::string NxVariant::GetString() const { return CopyOfOwned<std::string>(); }
+CBinaryData NxVariant::GetHexBinary() const { return CopyOfOwned<CBinaryData>(); }
+CBinaryData NxVariant::GetBase64Binary() const { return CopyOfOwned<CBinaryData>(); }
+CDateTimeSpan NxVariant::GetDuration() const { return CopyOfOwned<CDateTimeSpan>(); }
+CDateTime NxVariant::GetYearMonth() const { return CopyOfOwned<CDateTime>(); }
+CDateTime NxVariant::GetMonthDay() const { return CopyOfOwned<CDateTime>(); }
+CDateTime NxVariant::GetDate() const { return CopyOfOwned<CDateTime>(); }
+CDateTime NxVariant::GetDateTime() const { return CopyOfOwned<CDateTime>(); }
+CDateTime NxVariant::GetTime() const { return CopyOfOwned<CDateTime>(); }
+CDecimal NxVariant::GetDecimal() const { return CopyOfOwned<CDecimal>(); }
+CBigInteger NxVariant::GetInteger() const { return CopyOfOwned<CBigInteger>(); }
+
 void NxVariant::SetI1(char value) { SetInline(ItemTypeI1, &Value::i1, value); }
 void NxVariant::SetI2(short value) { SetInline(ItemTypeI2, &Value::i2, value); }
 void NxVariant::SetI4(long value) { SetInline(ItemTypeI4, &Value::i4, value); }
@@ -206,17 +255,17 @@ void NxVariant::SetDay(unsigned char value) { SetInline(ItemTypeDay, &Value::day
 void NxVariant::SetChar(char value) { SetInline(ItemTypeChar, &Value::character, value); }
 void NxVariant::SetBoolean(bool value) { SetInline(ItemTypeBoolean, &Value::boolean, value); }
 
-void NxVariant::SetString(const std::string& value)
-{
-    SetOwnedString(value);
-}
-
-void NxVariant::SetOwnedString(std::string value)
-{
-    Value stored{};
-    stored.string = new std::string(std::move(value));
-    Install(ItemTypeString, stored);
-}
+void NxVariant::SetString(const std::string& value) { SetOwned(ItemTypeString, &Value::string, value); }
+void NxVariant::SetHexBinary(const CBinaryData& value) { SetOwned(ItemTypeHexBinary, &Value::binary, value); }
+void NxVariant::SetBase64Binary(const CBinaryData& value) { SetOwned(ItemTypeBase64Binary, &Value::binary, value); }
+void NxVariant::SetDuration(const CDateTimeSpan& value) { SetOwned(ItemTypeDuration, &Value::duration, value); }
+void NxVariant::SetYearMonth(const CDateTime& value) { SetOwned(ItemTypeYearMonth, &Value::dateTime, value); }
+void NxVariant::SetMonthDay(const CDateTime& value) { SetOwned(ItemTypeMonthDay, &Value::dateTime, value); }
+void NxVariant::SetDate(const CDateTime& value) { SetOwned(ItemTypeDate, &Value::dateTime, value); }
+void NxVariant::SetDateTime(const CDateTime& value) { SetOwned(ItemTypeDateTime, &Value::dateTime, value); }
+void NxVariant::SetTime(const CDateTime& value) { SetOwned(ItemTypeTime, &Value::dateTime, value); }
+void NxVariant::SetDecimal(const CDecimal& value) { SetOwned(ItemTypeDecimal, &Value::decimal, value); }
+void NxVariant::SetInteger(const CBigInteger& value) { SetOwned(ItemTypeInteger, &Value::integer, value); }
 
 // The count is taken before the old content is let go, so setting the
 // object that the variant already holds never destroys it.

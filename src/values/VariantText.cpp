@@ -34,6 +34,16 @@ const char* TypeName(ItemType type)
 
 } // namespace
 
+template <class T>
+const T& NxVariant::Held() const
+{
+    // An owned kind always points to its object; the empty value only
+    // stands in should that ever not hold.
+    static const T empty;
+    const T* held = Owned<T>();
+    return held != nullptr ? *held : empty;
+}
+
 std::string NxVariant::GetType() const
 {
     const char* name = TypeName(m_type);
@@ -59,8 +69,18 @@ std::string NxVariant::ToString(const char* format) const
     case ItemTypeMonth: return C::monthToString(m_value.month);
     case ItemTypeDay: return C::dayToString(m_value.day);
     case ItemTypeChar: return C::charToString(m_value.character);
-    case ItemTypeString: return GetString();
+    case ItemTypeString: return Held<std::string>();
     case ItemTypeBoolean: return C::booleanToString(m_value.boolean);
+    case ItemTypeHexBinary: return C::hexBinaryToString(Held<CBinaryData>());
+    case ItemTypeBase64Binary: return C::base64BinaryToString(Held<CBinaryData>());
+    case ItemTypeDuration: return C::durationToString(Held<CDateTimeSpan>());
+    case ItemTypeYearMonth: return C::yearMonthToString(Held<CDateTime>());
+    case ItemTypeMonthDay: return C::monthDayToString(Held<CDateTime>());
+    case ItemTypeDate: return C::dateToString(Held<CDateTime>());
+    case ItemTypeDateTime: return C::datetimeToString(Held<CDateTime>());
+    case ItemTypeTime: return C::timeToString(Held<CDateTime>());
+    case ItemTypeDecimal: return C::decimalToString(Held<CDecimal>(), format);
+    case ItemTypeInteger: return C::integerToString(Held<CBigInteger>());
     default:
         ThrowNotConvertible(m_type);
     }
@@ -83,11 +103,23 @@ void NxVariant::FromString(const std::string& text, ItemType type, CWhitespaceUt
     case ItemTypeR4: SetR4(C::r4FromString(text, rule)); return;
     case ItemTypeR8: SetR8(C::r8FromString(text, rule)); return;
     case ItemTypeChar: SetChar(C::charFromString(text, rule)); return;
-    case ItemTypeString: SetOwnedString(C::stringFromString(text, rule)); return;
+    case ItemTypeString: SetOwned(type, &Value::string, C::stringFromString(text, rule)); return;
     case ItemTypeBoolean: SetBoolean(C::booleanFromString(text, rule)); return;
+    case ItemTypeYear: SetYear(C::yearFromString(text, rule)); return;
+    case ItemTypeMonth: SetMonth(C::monthFromString(text, rule)); return;
+    case ItemTypeDay: SetDay(C::dayFromString(text, rule)); return;
+    // The parsed objects move straight into the variant's own.
+    case ItemTypeHexBinary: SetOwned(type, &Value::binary, C::hexBinaryFromString(text, rule)); return;
+    case ItemTypeBase64Binary: SetOwned(type, &Value::binary, C::base64BinaryFromString(text, rule)); return;
+    case ItemTypeDuration: SetOwned(type, &Value::duration, C::durationFromString(text, rule)); return;
+    case ItemTypeYearMonth: SetOwned(type, &Value::dateTime, C::yearMonthFromString(text, rule)); return;
+    case ItemTypeMonthDay: SetOwned(type, &Value::dateTime, C::monthDayFromString(text, rule)); return;
+    case ItemTypeDate: SetOwned(type, &Value::dateTime, C::dateFromString(text, rule)); return;
+    case ItemTypeDateTime: SetOwned(type, &Value::dateTime, C::datetimeFromString(text, rule)); return;
+    case ItemTypeTime: SetOwned(type, &Value::dateTime, C::timeFromString(text, rule)); return;
+    case ItemTypeDecimal: SetOwned(type, &Value::decimal, C::decimalFromString(text, rule)); return;
+    case ItemTypeInteger: SetOwned(type, &Value::integer, C::integerFromString(text, rule)); return;
     default:
-        // Year, month and day are read through the date parser and join
-        // the list together with the date kinds.
         ThrowNotConvertible(m_type);
     }
 }
