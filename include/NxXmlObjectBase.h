@@ -22,6 +22,7 @@ namespace NxXmlLib9 {
 class CXmlObjectBase;
 class CXmlCollectionBase;
 class CXmlElement;
+class CBinaryData;
 
 // Generated code calls this before its first object is made; every public
 // entry refuses to work unless the generator's version is the runtime's.
@@ -63,6 +64,25 @@ public:
     virtual std::string ToXml(bool includeDocHeader = true, bool format = true, EOLType eol = EOLTypeLF,
                               const CXmlSerializationContext& context =
                                   CXmlSerializationContext::m_defaultContext) const;
+
+    // Fill the object from XML: each entry loads a document of its own,
+    // which dies with the call, and reads the object from its root element,
+    // whatever that is named. Failures of the loading and of the read pass
+    // through unchanged; the object keeps what was read up to a failure.
+    virtual void FromXmlFile(const char* fileName,
+                             const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
+    virtual void FromXml(const char* xml,
+                         const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
+    virtual void FromXml(const wchar_t* xml,
+                         const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
+    // Bytes may be compressed or binary as well as XML text.
+    virtual void FromXmlStream(unsigned char* data, unsigned long length,
+                               const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
+    virtual void FromXmlStream(const CBinaryData& data,
+                               const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
+    // Reads the object from an element of a document the caller holds.
+    virtual void FromXmlElement(const CXmlElement* element,
+                                const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
 
     virtual ~CXmlObjectBase();
 

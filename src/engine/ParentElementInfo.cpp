@@ -1,0 +1,21 @@
+// The record that describes a generated class as a whole.
+#include "NxMetadata.h"
+
+namespace NxXmlLib9Data {
+
+CParentElementInfo::CParentElementInfo(XmlElementGroupType groupType, XmlElementType elementType,
+                                       const char* typeName, const char* typeNamespace, int textPropertyIndex,
+                                       bool rejectUnknownAttributes, bool mayWriteTypeAttribute)
+    : m_groupType(groupType),
+      m_elementType(elementType),
+      m_typeName(typeName ? typeName : ""),
+      m_typeNamespace(typeNamespace ? typeNamespace : ""),
+      m_textPropertyIndex(textPropertyIndex),
+      m_rejectUnknownAttributes(rejectUnknownAttributes),
+      m_mayWriteTypeAttribute(mayWriteTypeAttribute)
+{
+}
+
+CParentElementInfo::~CParentElementInfo() = default;
+
+} // namespace NxXmlLib9Data

@@ -1,0 +1,392 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "ExpectFailure.h"
+#include "NxXmlLib9.h"
+#include "PersonClasses.h"
+
+using namespace NxXmlLib9;
+using namespace NxXmlLib9Data;
+using NxTest::Person;
+
+namespace {
+
+struct VersionRegistration {
+    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
+} registerVersion;
+
+// The children of one parsed element, for matching tests.
+class ParsedChildren {
+public:
+    explicit ParsedChildren(const char* xml)
+    {
+        m_document.LoadXml(xml);
+        for (CXmlElement* child = m_document.GetDocumentElement()->GetFirstElement(); child;
+             child = child->GetNextSiblingElement())
+            m_children.push_back(child);
+    }
+    CXmlElement* operator[](size_t index) const { return m_children.at(index); }
+
+private:
+    CXmlDocument m_document;
+    std::vector<CXmlElement*> m_children;
+};
+
+// Records that log their destruction, to follow CleanMetaData.
+std::vector<std::string> g_destroyed;
+
+class LoggedParent : public CParentElementInfo {
+public:
+    LoggedParent() : CParentElementInfo(XmlElementGroupType_All, XmlElementType_Pseudo, "T", "", 0, false, true) {}
+    ~LoggedParent() override { g_destroyed.push_back("parent"); }
+};
+
+class LoggedElement : public NxTest::StandInEntry {
+public:
+    explicit LoggedElement(const char* name) : StandInEntry(name, "", 0) {}
+    ~LoggedElement() override { g_destroyed.push_back(m_name); }
+    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**,
+                        const char*, XmlElementType) override
+    {
+        return false;
+    }
+};
+
+class LoggedAttribute : public NxTest::AttrEntry {
+public:
+    explicit LoggedAttribute(const char* name) : AttrEntry(name, 0, true, ItemTypeString, nullptr) {}
+    ~LoggedAttribute() override { g_destroyed.push_back(m_name); }
+};
+
+// Sees the protected walks that the entries' forwarders reach.
+class WalkProbe : public CXmlObjectBase {
+public:
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetTargetNamespace() const override { return "urn:probe:target"; }
+    std::string GetNamespace() const override { return "urn:probe"; }
+
+    mutable int attributeWrites = 0;
+    mutable std::string writtenNamespace;
+    mutable bool writtenAsRoot = false;
+    mutable bool writtenAsOptionalChoice = false;
+    bool readAsOptionalChoice = false;
+
+protected:
+    void AttributesToXml_Int(CXmlWriter*, const CXmlSerializationContext&) const override { ++attributeWrites; }
+    void ToXml_Int(CXmlWriter*, bool isRoot, const char* elementNamespace, const CXmlSerializationContext&,
+                   bool isOptionalChoice) const override
+    {
+        writtenAsRoot = isRoot;
+        writtenNamespace = elementNamespace;
+        writtenAsOptionalChoice = isOptionalChoice;
+    }
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement*, const CXmlSerializationContext&,
+                             bool isOptionalChoice) override
+    {
+        readAsOptionalChoice = isOptionalChoice;
+        return element;
+    }
+};
+
+// A class without child elements or attributes.
+class Bare : public NxTest::HandWalkedClass {
+public:
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetTargetNamespace() const override { return ""; }
+    std::string GetNamespace() const override { return ""; }
+    void AccessProperty(int, bool, NxVariant&) override {}
+    CParentElementInfo* GetClassInfo() const override { return &m_info; }
+    CElementInfo** GetClassElementInfo() const override { return m_elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return m_attributes; }
+    void Init() override {}
+
+private:
+    mutable CParentElementInfo m_info{XmlElementGroupType_Sequence, XmlElementType_Element, "Bare", "", -1, true,
+                                      false};
+    mutable CElementInfo* m_elements[1] = {nullptr};
+    mutable CAttributeInfo* m_attributes[1] = {nullptr};
+};
+
+} // namespace
+
+TEST(GeneratedClassTables, BuiltOnceForAllObjectsAndThreadsAndAgainAfterCleanMetaData)
+{
+    Person::Tables::Clean();
+    Person::Tables::builds = 0;
+    struct Seen {
+        CParentElementInfo* info = nullptr;
+        CElementInfo** elements = nullptr;
+        CAttributeInfo** attributes = nullptr;
+    };
+    std::vector<Seen> seen(8);
+    std::vector<std::thread> threads;
+    for (Seen& slot : seen)
+        threads.emplace_back([&slot] {
+            CSmartPtr<Person> person(new Person);
+            slot = {person->GetClassInfo(), person->GetClassElementInfo(), person->GetClassAttributeInfo()};
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(Person::Tables::builds, 1);
+    for (const Seen& slot : seen) {
+        EXPECT_EQ(slot.info, seen[0].info);
+        EXPECT_EQ(slot.elements, seen[0].elements);
+        EXPECT_EQ(slot.attributes, seen[0].attributes);
+    }
+
+    Person::Tables::Clean();
+    EXPECT_EQ(Person::Tables::info, nullptr);
+    EXPECT_EQ(Person::Tables::elements, nullptr);
+    EXPECT_EQ(Person::Tables::attributes, nullptr);
+
+    CSmartPtr<Person> person(new Person);
+    EXPECT_EQ(person->GetClassElementInfoCount(), 6);
+    EXPECT_EQ(Person::Tables::builds, 2);
+    EXPECT_EQ(person->GetClassInfo()->GetTypeName(), "Person");
+}
+
+TEST(GeneratedClassTables, CleanMetaDataDeletesParentThenElementsThenAttributesAndNullsTheReferences)
+{
+    g_destroyed.clear();
+    CParentElementInfo* parent = new LoggedParent;
+    CElementInfo** elements = new CElementInfo*[4]{new LoggedElement("e1"), new LoggedElement("e2"),
+                                                    new LoggedElement("e3"), nullptr};
+    CAttributeInfo** attributes =
+        new CAttributeInfo*[3]{new LoggedAttribute("a1"), new LoggedAttribute("a2"), nullptr};
+
+    CXmlGeneratedClass::CleanMetaData(parent, elements, attributes);
+    EXPECT_EQ(g_destroyed, (std::vector<std::string>{"parent", "e1", "e2", "e3", "a1", "a2"}));
+    EXPECT_EQ(parent, nullptr);
+    EXPECT_EQ(elements, nullptr);
+    EXPECT_EQ(attributes, nullptr);
+
+    // A second clean-up, or one of null references, does nothing.
+    CXmlGeneratedClass::CleanMetaData(parent, elements, attributes);
+    EXPECT_EQ(g_destroyed.size(), 6u);
+
+    // Any reference may be null on its own; empty tables are freed too.
+    elements = new CElementInfo*[2]{new LoggedElement("only"), nullptr};
+    attributes = new CAttributeInfo*[1]{nullptr};
+    CXmlGeneratedClass::CleanMetaData(parent, elements, attributes);
+    EXPECT_EQ(g_destroyed.back(), "only");
+    EXPECT_EQ(g_destroyed.size(), 7u);
+    EXPECT_EQ(elements, nullptr);
+    EXPECT_EQ(attributes, nullptr);
+}
+
+TEST(GeneratedClass, CountsEntriesAndFindsElementsInItsTable)
+{
+    CSmartPtr<Person> person(new Person);
+    CSmartPtr<Bare> bare(new Bare);
+    EXPECT_EQ(person->GetClassElementInfoCount(), 6);
+    EXPECT_EQ(bare->GetClassElementInfoCount(), 0);
+
+    ParsedChildren children("<r xmlns:p='urn:test:person'><p:Phone/><Phone/><p:Other/></r>");
+    CXmlSerializationContext context;
+    EXPECT_TRUE(person->IsElementInList(context, children[0]));
+    EXPECT_FALSE(person->IsElementInList(context, children[1]));
+    EXPECT_FALSE(person->IsElementInList(context, children[2]));
+    EXPECT_FALSE(person->IsElementInList(context, nullptr));
+    EXPECT_FALSE(bare->IsElementInList(context, children[0]));
+    context.SetIgnoreNamespaces(true);
+    EXPECT_TRUE(person->IsElementInList(context, children[1]));
+    EXPECT_FALSE(person->IsElementInList(context, children[2]));
+}
+
+TEST(GeneratedClass, ReadPropertyOnAConstObjectIsAReadThroughAccessProperty)
+{
+    CSmartPtr<Person> person(new Person);
+    person->Name = "Ann";
+    const Person& constant = *person;
+    NxVariant value;
+    constant.ReadProperty(Person::PName, value);
+    EXPECT_EQ(value.GetString(), "Ann");
+    EXPECT_EQ(person->lastIndex, Person::PName);
+    EXPECT_TRUE(person->lastRead);
+
+    // An unset optional stays invalid on reading.
+    NxVariant nick;
+    constant.ReadProperty(Person::PNick, nick);
+    EXPECT_FALSE(nick.IsValid());
+}
+
+TEST(GeneratedClass, EntryForwardersAddTheirPropertyIndex)
+{
+    CSmartPtr<Person> person(new Person);
+    CElementInfo* nickEntry = person->GetClassElementInfo()[1];
+    CAttributeInfo* langEntry = person->GetClassAttributeInfo()[1];
+
+    NxVariant value;
+    value.SetString("Nan");
+    nickEntry->AccessProperty(person, false, value);
+    EXPECT_EQ(person->Nick, "Nan");
+    EXPECT_EQ(person->lastIndex, Person::PNick);
+    EXPECT_FALSE(person->lastRead);
+
+    value.SetString("de");
+    langEntry->AccessProperty(person, false, value);
+    EXPECT_EQ(person->Lang, "de");
+
+    NxVariant read;
+    langEntry->ReadProperty(person, read);
+    EXPECT_EQ(read.GetString(), "de");
+    EXPECT_TRUE(person->lastRead);
+    EXPECT_EQ(person->lastIndex, Person::PLang);
+    nickEntry->ReadProperty(person, read);
+    EXPECT_EQ(read.GetString(), "Nan");
+    EXPECT_EQ(person->lastIndex, Person::PNick);
+}
+
+TEST(GeneratedClass, EntryForwardersReachTheProtectedWalksOfTheirTarget)
+{
+    CSmartPtr<WalkProbe> probe(new WalkProbe);
+    NxTest::ChildEntry entry("child", "", 0);
+    NxTest::AttrEntry attribute("a", 0, true, ItemTypeString, nullptr);
+    CXmlSerializationContext context;
+    ParsedChildren children("<r><c/></r>");
+
+    // An optional choice member tells its child so.
+    EXPECT_EQ(entry.FromXml_Int(probe, children[0], nullptr, context, true), children[0]);
+    EXPECT_TRUE(probe->readAsOptionalChoice);
+    entry.FromXml_Int(probe, children[0], nullptr, context, false);
+    EXPECT_FALSE(probe->readAsOptionalChoice);
+
+    entry.AttributesToXml_Int(probe, nullptr, context);
+    EXPECT_EQ(probe->attributeWrites, 1);
+
+    attribute.ToXml_Int(probe, nullptr, true, "urn:given", context, true);
+    EXPECT_TRUE(probe->writtenAsRoot);
+    EXPECT_EQ(probe->writtenNamespace, "urn:given");
+    EXPECT_TRUE(probe->writtenAsOptionalChoice);
+    EXPECT_EQ(attribute.GetTargetNamespace(probe), "urn:probe:target");
+}
+
+TEST(ElementInfo, CheckRestrictionUsesTheEntrysFacetsOrRefusesWithoutThem)
+{
+    NxTest::PrimEntry described("Code", "", 0, ItemTypeString, false,
+                                CPrimitiveRestrictions(nullptr, -1, 3, nullptr, nullptr, nullptr, nullptr, -1));
+    NxVariant value;
+    value.SetString("abc");
+    described.CheckRestriction(value);
+    value.SetString("abcd");
+    ExpectFailure<CNxException>([&] { described.CheckRestriction(value); }, "Invalid Value for Code [abcd]");
+
+    // The entry's kind decides the check, not the variant's tag.
+    NxTest::PrimEntry number("Count", "", 0, ItemTypeI4, false,
+                             CPrimitiveRestrictions(nullptr, -1, -1, "10", nullptr, nullptr, nullptr, -1));
+    value.SetI4(5);
+    ExpectFailure<CNxException>([&] { number.CheckRestriction(value); }, "Invalid Value for Count [5]");
+
+    NxTest::ChildEntry undescribed("Address", "", 0);
+    value.SetString("abc");
+    ExpectFailure<CNxException>([&] { undescribed.CheckRestriction(value); },
+                                "Cannot CheckRestriction for type: string");
+    value.SetI4(1);
+    ExpectFailure<CNxException>([&] { undescribed.CheckRestriction(value); },
+                                "Cannot CheckRestriction for type: i4");
+    // A variant without a type name fails while the message is made.
+    ExpectFailure<CNxException>([&] { undescribed.CheckRestriction(NxVariant()); }, "Invalid Type 0");
+}
+
+TEST(ElementInfo, IsThisElementComparesLocalNameThenNamespaceUnlessIgnored)
+{
+    ParsedChildren children("<r xmlns:a='urn:a' xmlns:b='urn:b'><a:Item/><b:Item/><a:item/><Item/></r>");
+    NxTest::ChildEntry entry("Item", "urn:a", 0);
+    NxTest::ChildEntry local("Item", nullptr, 0);
+    CXmlSerializationContext context;
+    EXPECT_TRUE(entry.IsThisElement(context, children[0]));
+    EXPECT_FALSE(entry.IsThisElement(context, children[1]));
+    EXPECT_FALSE(entry.IsThisElement(context, children[2]));
+    EXPECT_FALSE(entry.IsThisElement(context, children[3]));
+    EXPECT_FALSE(entry.IsThisElement(context, nullptr));
+    EXPECT_TRUE(local.IsThisElement(context, children[3]));
+    EXPECT_FALSE(local.IsThisElement(context, children[0]));
+
+    context.SetIgnoreNamespaces(true);
+    EXPECT_TRUE(entry.IsThisElement(context, children[1]));
+    EXPECT_TRUE(entry.IsThisElement(context, children[3]));
+    EXPECT_FALSE(entry.IsThisElement(context, children[2]));
+    EXPECT_FALSE(entry.IsThisElement(context, nullptr));
+
+    // The namespace-free schema type ignores namespaces through the context.
+    CXmlSerializationContext noNamespaces;
+    noNamespaces.SetSchemaType(SchemaTypeNoNamespaces);
+    EXPECT_TRUE(entry.IsThisElement(noNamespaces, children[1]));
+}
+
+TEST(ElementInfo, GetAnyDefaultNamespaceFollowsTheSpecification)
+{
+    struct Case {
+        const char* specification;
+        const char* classNamespace;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"##any", "urn:class", "urn:class"},
+        {"##any", "", ""},
+        {"##other", "", "DefaultNamespace"},
+        {"##other", "urn:class", ""},
+        {"##local", "urn:class", ""},
+        {"##targetNamespace", "urn:class", "urn:target"},
+        // A list that opens with a token goes by its first token.
+        {"##targetNamespace ##local", "urn:class", "urn:target"},
+        {"##other ##any", "", "DefaultNamespace"},
+        {"##any ##local", "urn:class", "urn:class"},
+        {"##any ", "urn:class", "urn:class"},
+        {"## ##any", "urn:class", ""},
+        // A URI, or a list that opens with one, gives no default.
+        {"urn:x ##any", "urn:class", ""},
+        {"urn:x", "urn:class", ""},
+        {"##ANY", "urn:class", ""},
+        {"", "urn:class", ""},
+        {nullptr, "urn:class", ""},
+        {"##any", nullptr, ""},
+        {"##other", nullptr, "DefaultNamespace"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.specification ? c.specification : "(null)") + " / " +
+                     (c.classNamespace ? c.classNamespace : "(null)"));
+        EXPECT_EQ(CElementInfo::GetAnyDefaultNamespace(c.specification, c.classNamespace, "urn:target"),
+                  c.expected);
+    }
+    EXPECT_EQ(CElementInfo::GetAnyDefaultNamespace("##targetNamespace", "urn:class", nullptr), "");
+}
+
+TEST(AttributeInfo, IsThisAttributeComparesLocalNameThenNamespaceUnlessIgnored)
+{
+    NxTest::AttrEntry entry("lang", 0, true, ItemTypeString, nullptr);
+    CXmlAttribute plain("lang", "de", "");
+    CXmlAttribute foreign("lang", "de", "urn:other");
+    CXmlAttribute other("Lang", "de", "");
+    CXmlSerializationContext context;
+    EXPECT_TRUE(entry.IsThisAttribute(context, &plain));
+    EXPECT_FALSE(entry.IsThisAttribute(context, &foreign));
+    EXPECT_FALSE(entry.IsThisAttribute(context, &other));
+    EXPECT_FALSE(entry.IsThisAttribute(context, nullptr));
+    context.SetIgnoreNamespaces(true);
+    EXPECT_TRUE(entry.IsThisAttribute(context, &foreign));
+    EXPECT_FALSE(entry.IsThisAttribute(context, &other));
+}
+
+TEST(MetadataRecords, NullTextsAreKeptAsEmptyTexts)
+{
+    CParentElementInfo parent(XmlElementGroupType_Choice, XmlElementType_Pseudo, nullptr, nullptr, 0, false, true);
+    EXPECT_EQ(parent.GetTypeName(), "");
+    EXPECT_EQ(parent.GetTypeNamespace(), "");
+    // Only -1 means that there is no text property.
+    EXPECT_EQ(parent.GetTextPropertyIndex(), 0);
+
+    NxTest::ChildEntry element(nullptr, nullptr, 4);
+    EXPECT_EQ(element.GetName(), "");
+    EXPECT_EQ(element.GetNamespace(), "");
+    EXPECT_EQ(element.GetPropertyIndex(), 4);
+
+    CAttributeInfo* attribute = new NxTest::AttrEntry(nullptr, 2, true, ItemTypeString, nullptr);
+    EXPECT_EQ(attribute->GetName(), "");
+    EXPECT_EQ(attribute->GetDefaultValue(), "");
+    delete attribute;
+}
