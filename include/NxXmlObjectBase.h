@@ -92,6 +92,14 @@ public:
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, const char* name);
     static void Throw_IfElementNameDiffers(CXmlObjectBase* value, const char* name);
 
+    // Element name and namespace matching, as CXmlObjectHelper answers it;
+    // a null text counts as an empty one.
+    bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
+                              const char* name, const char* elementNamespace) const;
+    bool IsNamespaceValid(const char* namespaceUri, const char* specification,
+                          const char* targetNamespace) const;
+    void TestNamespace(const char* namespaceUri, const char* specification, const char* targetNamespace) const;
+
 protected:
     virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;
     virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* elementNamespace,
