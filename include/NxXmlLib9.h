@@ -29,3 +29,6 @@
 #include "NxRegEx.h"
 #include "NxPrimitiveRestrictions.h"
 #include "NxXmlObjectHelper.h"
+
+#include "NxClassFactory.h"
+#include "NxUntyped.h"
