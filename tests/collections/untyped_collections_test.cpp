@@ -12,10 +12,10 @@ namespace {
 NxTest::VersionRegistration registerVersion;
 
 // A root written by hand the way the generated walk writes one: the start
-// tag, then the context's additional root attributes, then its own.
+// tag, the context's additional root attributes, then its content.
 class Root : public NxTest::CountedObject {
 public:
-    Root() : CountedObject(nullptr, "root") {}
+    explicit Root(CXmlObjectBase* content = nullptr) : CountedObject(nullptr, "root"), m_content(content) {}
 
 protected:
     void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* elementNamespace,
@@ -25,30 +25,23 @@ protected:
         if (isRoot)
             CXmlObjectBase::ToXml_Int(context.GetAdditionalRootAttributes(), writer, false, elementNamespace,
                                       context, isOptionalChoice);
-        writer->WriteAttributeString("own", "", "1", ItemTypeString);
+        if (m_content)
+            CXmlObjectBase::ToXml_Int(m_content, writer, false, elementNamespace, context, false);
         writer->WriteEndElement();
     }
+
+private:
+    CSmartPtr<CXmlObjectBase> m_content;
 };
 } // namespace
 
 TEST(UntypedAttributeCol, DefaultNamespaceComesFromTheNamespaceOrAFirstUriToken)
 {
-    struct Case {
-        const char* namespaceUri;
-        const char* restriction;
-        const char* expected;
-    };
-    const Case cases[] = {
-        {"", "urn:a urn:b", "urn:a"}, {"", "urn:a", "urn:a"},       {"urn:n", "urn:a", "urn:n"},
-        {"", "##other urn:a", ""},    {"", "#x", ""},               {"", "u#", ""},
-        {"", "u", ""},                {"", "", ""},                 {"", "ab", "ab"},
-    };
-    for (const Case& c : cases) {
-        CSmartPtr<CAttributeCol> attributes(new CAttributeCol(c.namespaceUri, c.restriction, "urn:t"));
-        EXPECT_EQ(attributes->GetNamespace(), c.expected) << c.restriction;
-        EXPECT_EQ(attributes->GetTargetNamespace(), c.expected) << c.restriction;
-        EXPECT_EQ(attributes->GetMinOccurs(), 0);
-        EXPECT_EQ(attributes->GetMaxOccurs(), -1);
+    const char* cases[][3] = {{"", "urn:a urn:b", "urn:a"}, {"urn:n", "urn:a", "urn:n"}, {"", "##other urn:a", ""},
+                              {"", "u#", ""},                {"", "u", ""},              {"", "ab", "ab"}};
+    for (const auto& c : cases) {
+        CSmartPtr<CAttributeCol> attributes(new CAttributeCol(c[0], c[1], "urn:t"));
+        EXPECT_EQ(attributes->GetTargetNamespace(), c[2]) << c[1];
     }
 }
 
@@ -70,12 +63,6 @@ TEST(UntypedAttributeCol, AddTestsTheNamespaceExceptForAnObject)
     CSmartPtr<CAttributeCol> listed(new CAttributeCol("", "urn:a urn:b", ""));
     EXPECT_THROW(listed->Add("x"), CNxInvalidNamespaceException);
     EXPECT_EQ(listed->Add("y", "", "")->GetNamespace(), "");
-
-    CSmartPtr<CAttributeCol> clone = attributes->Clone();
-    EXPECT_EQ(clone->GetCount(), 3);
-    EXPECT_EQ(clone->GetNamespaceRestriction(), "##targetNamespace");
-    EXPECT_NE(static_cast<CAttribute*>(clone->Item(0)), static_cast<CAttribute*>(attributes->Item(0)));
-    EXPECT_EQ(clone->Item(2)->GetName(), "z");
 }
 
 TEST(UntypedAttributeCol, ReadingRefusesAnAttributeOutsideTheRestriction)
@@ -105,7 +92,6 @@ TEST(UntypedElementCol, ConstructionAndAddByName)
     CSmartPtr<CElementCol> keyword(new CElementCol("", "##any", "urn:t", 2, 3));
     EXPECT_EQ(keyword->Add("c")->GetNamespace(), "##any");
     EXPECT_EQ(keyword->GetNamespace(), "urn:t");
-    EXPECT_EQ(keyword->GetTargetNamespace(), "urn:t");
     // The bounds are ignored and the restriction is widened to any namespace.
     EXPECT_EQ(keyword->GetMinOccurs(), 0);
     EXPECT_EQ(keyword->GetMaxOccurs(), -1);
@@ -127,29 +113,12 @@ TEST(UntypedElementCol, ConstructionAndAddByName)
 
 TEST(UntypedElementCol, BoundsGivenAtConstructionAreNeverEnforced)
 {
-    // Writes an element holding the collection, as a generated class would.
-    class Holder : public NxTest::CountedObject {
-    public:
-        explicit Holder(CElementCol* elements) : CountedObject(nullptr, "h"), m_elements(elements) {}
-
-    protected:
-        void ToXml_Int(CXmlWriter* writer, bool, const char*, const CXmlSerializationContext& context,
-                       bool) const override
-        {
-            writer->WriteStartElement("h", "");
-            CXmlObjectBase::ToXml_Int(m_elements, writer, false, "", context, false);
-            writer->WriteEndElement();
-        }
-
-    private:
-        CSmartPtr<CElementCol> m_elements;
-    };
     CSmartPtr<CElementCol> bounded(new CElementCol("", "##any", "", 2, 3));
-    CSmartPtr<Holder> holder(new Holder(bounded));
-    EXPECT_EQ(holder->ToXml(false, false), "<h/>");
+    CSmartPtr<Root> root(new Root(bounded));
+    EXPECT_EQ(root->ToXml(false, false), "<root/>");
     for (int i = 0; i < 4; ++i)
         bounded->Add("c", "");
-    EXPECT_EQ(holder->ToXml(false, false), "<h><c/><c/><c/><c/></h>");
+    EXPECT_EQ(root->ToXml(false, false), "<root><c/><c/><c/><c/></root>");
 }
 
 TEST(UntypedElementCol, ReadingALockedNameTakesOnlyThatRun)
@@ -194,9 +163,9 @@ TEST(AdditionalRootAttributes, MadeOnFirstRequestAndSharedByLaterCopies)
 
     CSmartPtr<Root> root(new Root);
     const std::string expected = "<root xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" "
-                                 "AA:schemaLocation=\"urn:r r.xsd\" extra=\"1\" own=\"1\"/>";
+                                 "AA:schemaLocation=\"urn:r r.xsd\" extra=\"1\"/>";
     EXPECT_EQ(root->ToXml(false, false, EOLTypeLF, source), expected);
     EXPECT_EQ(root->ToXml(false, false, EOLTypeLF, copy), expected);
     // A copy made before the first request has a collection of its own.
-    EXPECT_EQ(root->ToXml(false, false, EOLTypeLF, earlyCopy), "<root own=\"1\"/>");
+    EXPECT_EQ(root->ToXml(false, false, EOLTypeLF, earlyCopy), "<root/>");
 }
