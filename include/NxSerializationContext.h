@@ -11,7 +11,7 @@
 
 namespace NxXmlLib9 {
 
-class CXmlCollectionBase;
+class CAttributeCol;
 
 // Mode of the schema the generated code came from. Only
 // SchemaTypeNoNamespaces changes anything: it makes the whole library ignore
@@ -122,6 +122,12 @@ public:
     std::vector<std::string>& GetProcessingInstructions() { return m_processingInstructions; }
     const std::vector<std::string>& GetProcessingInstructions() const { return m_processingInstructions; }
 
+    // Extra attributes written on the root element. The collection is made
+    // on the first request, even through a const context, and is shared by
+    // every copy made after that; attributes are added to the collection
+    // returned, since there is no setter.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+
     CFastInfosetContext& GetFIContext() { return m_fiContext; }
     const CFastInfosetContext& GetFIContext() const { return m_fiContext; }
 
@@ -131,7 +137,7 @@ private:
     CNamespaceAliasMap m_namespaceAliases;
     // Extra attributes of the root element: an attribute collection made on
     // first request, which a const context may do, and shared by copies.
-    mutable CSmartPtr<CXmlCollectionBase> m_additionalRootAttributes;
+    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
     std::vector<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     bool m_ignoreInvalidCollectionCounts;

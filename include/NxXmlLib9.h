@@ -32,3 +32,5 @@
 
 #include "NxMetadata.h"
 #include "NxGeneratedClass.h"
+#include "NxClassFactory.h"
+#include "NxUntyped.h"

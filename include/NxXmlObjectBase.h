@@ -23,6 +23,7 @@ class CXmlObjectBase;
 class CXmlCollectionBase;
 class CXmlElement;
 class CBinaryData;
+class CElement;
 
 // Generated code calls this before its first object is made; every public
 // entry refuses to work unless the generator's version is the runtime's.
@@ -83,6 +84,10 @@ public:
     // Reads the object from an element of a document the caller holds.
     virtual void FromXmlElement(const CXmlElement* element,
                                 const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
+    // Reads an untyped element: it is written out as text under the default
+    // context and that text is read under the given one.
+    virtual void FromXmlElement(const CElement* element,
+                                const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext);
 
     virtual ~CXmlObjectBase();
 
@@ -111,6 +116,14 @@ public:
     // Argument guards for generated setters.
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, const char* name);
     static void Throw_IfElementNameDiffers(CXmlObjectBase* value, const char* name);
+
+    // Element name and namespace matching, as CXmlObjectHelper answers it;
+    // a null text counts as an empty one.
+    bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
+                              const char* name, const char* elementNamespace) const;
+    bool IsNamespaceValid(const char* namespaceUri, const char* specification,
+                          const char* targetNamespace) const;
+    void TestNamespace(const char* namespaceUri, const char* specification, const char* targetNamespace) const;
 
 protected:
     virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;

@@ -10,11 +10,37 @@
 
 namespace NxXmlLib9 {
 
+class CXmlElement;
+class CXmlSerializationContext;
+
 // A holder of static operations, grouped by concern. Element name and
 // namespace matching join this class beside the facet checks.
 class CXmlObjectHelper {
 public:
     CXmlObjectHelper() = delete;
+
+    // ---- Element name and namespace matching -----------------------------
+
+    // Whether element is the one a collection with that item name and
+    // namespace reads. A namespace-free schema compares the local name only;
+    // otherwise the local name must match byte for byte and, unless the
+    // context ignores namespaces, the namespace URI too. element must not
+    // be null.
+    static bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
+                                     const std::string& name, const std::string& elementNamespace);
+
+    // Whether namespaceUri is allowed by a wildcard specification: "##any",
+    // "##other", "##local", "##targetNamespace", a URI, or a list of these
+    // separated by blanks. Only the first token of a list is weighed on its
+    // own; beyond it a list admits the empty namespace and the namespace
+    // that equals the whole list text, and nothing else.
+    static bool IsNamespaceValid(const std::string& namespaceUri, const std::string& specification,
+                                 const std::string& targetNamespace);
+
+    // IsNamespaceValid that throws CNxInvalidNamespaceException naming the
+    // three texts when the namespace is not allowed.
+    static void TestNamespace(const std::string& namespaceUri, const std::string& specification,
+                              const std::string& targetNamespace);
 
     // ---- Facet checks ----------------------------------------------------
     //

@@ -29,6 +29,33 @@ int CXmlCollectionBase::GetMinOccurs() const { return m_minOccurs; }
 
 int CXmlCollectionBase::GetMaxOccurs() const { return m_maxOccurs; }
 
+// Too many items is reported ahead of too few; with a maximum of -1 no count
+// is too many.
+bool CXmlCollectionBase::IsValidCount(const CXmlSerializationContext& context) const
+{
+    if (context.GetIgnoreInvalidCollectionCounts())
+        return true;
+    const int count = GetCount();
+    if (m_maxOccurs != -1 && count > m_maxOccurs)
+        return false;
+    return count >= m_minOccurs;
+}
+
+void CXmlCollectionBase::ValidateCount(const CXmlSerializationContext& context) const
+{
+    if (context.GetIgnoreInvalidCollectionCounts())
+        return;
+    const int count = GetCount();
+    if (m_maxOccurs != -1 && count > m_maxOccurs)
+        throw CNxValidationException(
+            FormatString("The Maximum number of [%s] elements allowed in this collection is %d",
+                         GetElementName().c_str(), m_maxOccurs));
+    if (count < m_minOccurs)
+        throw CNxValidationException(
+            FormatString("The Minimum number of [%s] elements allowed in this collection is %d",
+                         GetElementName().c_str(), m_minOccurs));
+}
+
 void CXmlCollectionBase::AddEventListener(IEventSink* sink) { m_listeners.push_back(sink); }
 
 void CXmlCollectionBase::RemoveEventListener(IEventSink* sink)

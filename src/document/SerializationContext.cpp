@@ -2,7 +2,7 @@
 // serialization context.
 #include "NxSerializationContext.h"
 
-#include "NxCollectionBase.h"
+#include "NxUntyped.h"
 #include "NxException.h"
 #include "document/TextArgument.h"
 
@@ -66,6 +66,13 @@ void CXmlSerializationContext::SetIgnoreMissingMandatoryElements(bool value)
             "missing, you can not ignore both\n"
             "Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
     m_ignoreMissingMandatoryElements = value;
+}
+
+CSmartPtr<CAttributeCol> CXmlSerializationContext::GetAdditionalRootAttributes() const
+{
+    if (!m_additionalRootAttributes)
+        m_additionalRootAttributes = new CAttributeCol("", "##any", "");
+    return m_additionalRootAttributes;
 }
 
 void CXmlSerializationContext::SetDefaultNamespaceURI(const char* uri)

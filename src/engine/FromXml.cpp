@@ -4,6 +4,7 @@
 
 #include "NxBinaryData.h"
 #include "NxException.h"
+#include "NxUntyped.h"
 #include "NxXmlDocument.h"
 #include "engine/VersionCheck.h"
 
@@ -74,6 +75,13 @@ void CXmlObjectBase::FromXmlElement(const CXmlElement* element, const CXmlSerial
         throw CNxInvalidParamException("The element to read from may not be NULL");
     // The walk takes the tree as mutable, but reads it only.
     FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlElement(const CElement* element, const CXmlSerializationContext& context)
+{
+    CheckVersion();
+    const std::string text = element->ToXml(false, false, EOLTypeLF, CXmlSerializationContext::m_defaultContext);
+    FromXml(text.c_str(), context);
 }
 
 } // namespace NxXmlLib9

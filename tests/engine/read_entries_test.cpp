@@ -201,7 +201,7 @@ TEST(ReadEntries, FromXmlElementReadsAnElementOfTheCallersDocument)
     EXPECT_EQ(person->Name, "First");
     EXPECT_TRUE(person->Phones->m_items.empty());
 
-    ExpectFailure<CNxInvalidParamException>([&] { person->FromXmlElement(nullptr); },
+    ExpectFailure<CNxInvalidParamException>([&] { person->FromXmlElement(static_cast<const CXmlElement*>(nullptr)); },
                                             "The element to read from may not be NULL");
 }
 
@@ -289,7 +289,7 @@ TEST(ReadEntries, EachEntryChecksTheVersionBeforeAnyWork)
         messages.push_back(
             FailureOf([&] { entry.read(*person, kPersonXml, CXmlSerializationContext::m_defaultContext); }));
     // The version is checked ahead of the argument.
-    messages.push_back(FailureOf([&] { person->FromXmlElement(nullptr); }));
+    messages.push_back(FailureOf([&] { person->FromXmlElement(static_cast<const CXmlElement*>(nullptr)); }));
     const std::string out = testing::internal::GetCapturedStdout();
     const std::string err = testing::internal::GetCapturedStderr();
     RegisterGeneratorVersion(9, 0);
@@ -314,5 +314,14 @@ TEST(ReadEntries, TheAsyncFileFlagChangesNothing)
     CSmartPtr<Person> person(new Person);
     person->FromXmlFile(file.Path());
     AsyncFromXmlFile(false);
+    ExpectFullPerson(*person);
+}
+
+TEST(ReadEntries, AnUntypedTwinIsReadThroughItsText)
+{
+    CSmartPtr<CElement> twin(new CElement("Unnamed"));
+    twin->FromXml(kPersonXml);
+    CSmartPtr<Person> person(new Person);
+    person->FromXmlElement(static_cast<const CElement*>(twin));
     ExpectFullPerson(*person);
 }

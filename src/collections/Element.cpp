@@ -1,0 +1,138 @@
+// The untyped element: construction, its namespace rules, its accessors and
+// its copies.
+#include "NxUntyped.h"
+
+#include <cstring>
+
+#include "NxXmlObjectHelper.h"
+#include "document/TextArgument.h"
+
+namespace NxXmlLib9 {
+
+namespace {
+
+bool IsRestrictionKeyword(const char* text)
+{
+    return text && (std::strcmp(text, "##any") == 0 || std::strcmp(text, "##other") == 0 ||
+                    std::strcmp(text, "##local") == 0 || std::strcmp(text, "##targetNamespace") == 0);
+}
+
+// The two-argument constructor has no restriction argument that a keyword
+// could stand for, so a keyword in the namespace place is refused.
+const char* NamespaceNotKeyword(const char* namespaceUri)
+{
+    if (IsRestrictionKeyword(namespaceUri))
+        throw CNxInvalidNamespaceException(FormatString("Invalid Namespace [%s]", namespaceUri));
+    return namespaceUri;
+}
+
+} // namespace
+
+CElement::CElement(const char* name) : CInstanceMonitor("CElement") { Init(name, "", "##any", ""); }
+
+CElement::CElement(const char* name, const char* namespaceUri) : CInstanceMonitor("CElement")
+{
+    NamespaceNotKeyword(namespaceUri);
+    Init(name, namespaceUri, namespaceUri, "");
+}
+
+CElement::CElement(const char* name, const char* namespaceUri, const char* restriction, const char* targetNamespace)
+    : CInstanceMonitor("CElement")
+{
+    Init(name, namespaceUri, restriction, targetNamespace);
+}
+
+CElement::~CElement() = default;
+
+CXmlObjectBase* CElement::GetBase() { return this; }
+
+std::string CElement::GetTargetNamespace() const { return m_namespace; }
+
+std::string CElement::GetNamespace() const { return m_namespace; }
+
+void CElement::Init(const char* name, const char* namespaceUri, const char* restriction,
+                    const char* targetNamespace)
+{
+    if (!name)
+        throw CNxInvalidNamespaceException("Element Name must have a value");
+    if (!restriction)
+        throw CNxInvalidNamespaceException("Namespace Restriction must have a value");
+    if (!targetNamespace)
+        throw CNxInvalidNamespaceException("Target Namespace must have a value");
+    const std::string namespaceText = TextArgument(namespaceUri);
+    CXmlObjectHelper::TestNamespace(namespaceText, restriction, targetNamespace);
+
+    // The collections are made before anything is stored, so a failure
+    // leaves the element as it was.
+    CSmartPtr<CAttributeCol> attributes(new CAttributeCol(namespaceText.c_str(), "##any", targetNamespace));
+    CSmartPtr<CElementCol> elements(new CElementCol(namespaceText.c_str(), "##any", targetNamespace, 0, -1));
+    m_name = name;
+    m_namespace = namespaceText;
+    m_restriction = restriction;
+    m_targetNamespace = targetNamespace;
+    m_attributes = attributes;
+    m_elements = elements;
+}
+
+CSmartPtr<CElement> CElement::Clone() const
+{
+    CSmartPtr<CElement> clone(
+        new CElement(m_name.c_str(), m_namespace.c_str(), m_restriction.c_str(), m_targetNamespace.c_str()));
+    clone->m_attributes = m_attributes->Clone();
+    clone->m_elements = m_elements->Clone();
+    clone->m_text = m_text;
+    return clone;
+}
+
+void CElement::SetNamespaceRestrictions(const char* restriction, const char* targetNamespace)
+{
+    const std::string restrictionText = TextArgument(restriction);
+    const std::string targetText = TextArgument(targetNamespace);
+    try {
+        CXmlObjectHelper::TestNamespace(m_namespace, restrictionText, targetText);
+    } catch (const CNxException& e) {
+        // Name first, then namespace, whatever the words of the text suggest.
+        throw new CNxInvalidNamespaceException(
+            FormatString("The namespace %s in the class %s is invalid against restriction %s", m_name.c_str(),
+                         m_namespace.c_str(), restrictionText.c_str()),
+            e);
+    }
+    for (CNode* node = m_attributes->begin(); node != m_attributes->end(); node = node->next)
+        if (node->item)
+            CXmlObjectHelper::TestNamespace(node->item->GetNamespace(), restrictionText, targetText);
+    for (CNode* node = m_elements->begin(); node != m_elements->end(); node = node->next)
+        if (CElement* child = dynamic_cast<CElement*>(static_cast<CXmlObjectBase*>(node->item)))
+            child->SetNamespaceRestrictions(restriction, targetNamespace);
+}
+
+void CElement::SetName(const char* name)
+{
+    FireOnChangeName(name);
+    m_name = TextArgument(name);
+}
+
+void CElement::SetText(const char* text)
+{
+    FireOnChangeText(text);
+    m_text = TextArgument(text);
+}
+
+void CElement::SetNamespace(const char* namespaceUri)
+{
+    FireOnChangeNamespace(namespaceUri);
+    m_namespace = TextArgument(namespaceUri);
+}
+
+void CElement::SetDefaultNamespace(const char* namespaceUri) { m_defaultNamespace = TextArgument(namespaceUri); }
+
+CSmartPtr<CAttributeCol> CElement::GetAttributes() const { return m_attributes; }
+
+CSmartPtr<CElementCol> CElement::GetElements() const { return m_elements; }
+
+void CElement::FireOnChangeName(const char*) {}
+
+void CElement::FireOnChangeText(const char*) {}
+
+void CElement::FireOnChangeNamespace(const char*) {}
+
+} // namespace NxXmlLib9
