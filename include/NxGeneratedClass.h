@@ -15,6 +15,7 @@
 namespace NxXmlLib9 {
 
 class CXmlElement;
+class CXmlWriter;
 
 // Optional second base of a generated class whose element the schema marks
 // as nillable. The library finds it by a cross-cast; a class without it can
@@ -63,6 +64,59 @@ public:
     // library itself never takes it. It is not recursive: a class must not
     // reach another class's records while it holds it.
     static CNXCriticalSection m_csInit;
+
+    // ---- The group walks ----------------------------------------------
+    //
+    // The steps of ToXml_Int and FromXml_Int, one per kind of group. Each
+    // walks the records it is given in table order; a record decides for
+    // itself what its property holds.
+
+    // Every attribute record, then the attributes of pseudo children.
+    void ProcessAttributesToXml(const CXmlSerializationContext& context, NxXmlLib9Data::CElementInfo** elements,
+                                NxXmlLib9Data::CAttributeInfo** attributes, CXmlWriter* writer) const;
+    // Every element record in table order; an all group keeps table order
+    // on output.
+    void ProcessElementSeqToXml(const CXmlSerializationContext& context, NxXmlLib9Data::CElementInfo** elements,
+                                CXmlWriter* writer) const;
+    void ProcessElementAllToXml(const CXmlSerializationContext& context, NxXmlLib9Data::CElementInfo** elements,
+                                CXmlWriter* writer) const;
+    // Writes the first member that has something to write. True when one
+    // did, or when an empty choice is legal here.
+    bool ProcessElementChoiceToXml(const CXmlSerializationContext& context, NxXmlLib9Data::CElementInfo** elements,
+                                   CXmlWriter* writer, bool isOptionalChoice) const;
+
+    // Offers each attribute of element to the records, handles xsi:nil and
+    // checks the required ones.
+    void ProcessAttributesFromXml(const CXmlSerializationContext& context, CXmlElement* element,
+                                  bool rejectUnknown);
+    // Each reads the children of element from cursor on and returns where
+    // it stopped; a level without an element of its own (type 1) hands the
+    // rest back to the level above.
+    CXmlElement* ProcessElementSeqFromXml(const CXmlSerializationContext& context, CXmlElement* element,
+                                          CXmlElement* cursor, NxXmlLib9Data::XmlElementType type);
+    CXmlElement* ProcessElementAllFromXml(const CXmlSerializationContext& context, CXmlElement* element,
+                                          CXmlElement* cursor, NxXmlLib9Data::XmlElementType type);
+    CXmlElement* ProcessElementChoiceFromXml(const CXmlSerializationContext& context, CXmlElement* element,
+                                             CXmlElement* cursor, NxXmlLib9Data::XmlElementType type,
+                                             bool isOptionalChoice);
+
+    // Whether the class, as a choice, may hold no member at all: true when
+    // some member is optional, or is a collection that may be empty.
+    bool DoesElementContainOptionalElements() const;
+
+protected:
+    // Writes root material (when isRoot), the start tag, the attributes,
+    // the children, the text and the end tag. Every failure comes out
+    // wrapped once for this level.
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* elementNamespace,
+                   const CXmlSerializationContext& context, bool isOptionalChoice) const override;
+    // The type attribute, the attribute records and the attributes of
+    // pseudo children.
+    void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const override;
+    // Starts from Init, takes the element's name and attributes, reads the
+    // group from cursor and the text; returns where the group stopped.
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* cursor, const CXmlSerializationContext& context,
+                             bool isOptionalChoice) override;
 };
 
 } // namespace NxXmlLib9

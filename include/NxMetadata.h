@@ -104,6 +104,17 @@ public:
                                            const NxXmlLib9::CXmlGeneratedClass* object,
                                            NxXmlLib9::CXmlWriter* writer) const;
 
+    // What this entry is as a member of a choice, which decides whether an
+    // empty choice is legal: an optional single member always allows it, a
+    // collection member when its minimum count is 0. Only the entries of
+    // the choice family answer anything but ChoiceMemberNone.
+    enum ChoiceMemberKind : int {
+        ChoiceMemberNone = 0,
+        ChoiceMemberOptional = 1,
+        ChoiceMemberCollection = 2
+    };
+    virtual ChoiceMemberKind GetChoiceMemberKind() const { return ChoiceMemberNone; }
+
     const std::string& GetName() const { return m_name; }
     const std::string& GetNamespace() const { return m_namespace; }
     int GetPropertyIndex() const { return m_propertyIndex; }
@@ -179,6 +190,10 @@ public:
     void AccessProperty(NxXmlLib9::CXmlGeneratedClass* object, bool read, NxXmlLib9::NxVariant& value) const;
     void ReadProperty(const NxXmlLib9::CXmlGeneratedClass* object, NxXmlLib9::NxVariant& value) const;
     std::string GetTargetNamespace(const NxXmlLib9::CXmlObjectBase* object) const;
+    // Throws CNxInvalidNamespaceException when the specification does not
+    // admit the namespace.
+    void TestNamespace(const std::string& namespaceUri, const std::string& specification,
+                       const std::string& targetNamespace) const;
     // Reaches the protected write walk of an object, such as the collection
     // behind a wildcard attribute.
     void ToXml_Int(const NxXmlLib9::CXmlObjectBase* target, NxXmlLib9::CXmlWriter* writer, bool isRoot,

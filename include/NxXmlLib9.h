@@ -31,6 +31,7 @@
 #include "NxXmlObjectHelper.h"
 
 #include "NxMetadata.h"
+#include "NxAttributeInfos.h"
 #include "NxGeneratedClass.h"
 #include "NxClassFactory.h"
 #include "NxUntyped.h"

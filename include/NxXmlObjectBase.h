@@ -117,6 +117,29 @@ public:
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, const char* name);
     static void Throw_IfElementNameDiffers(CXmlObjectBase* value, const char* name);
 
+    // ---- Choice selection --------------------------------------------
+    //
+    // Generated choice classes hold the name of their selected member in a
+    // string, empty when none is; their setters keep it through these.
+
+    // valid false empties the selection; valid true requires the member to
+    // be the one selected already and throws CNxInvalidStateException
+    // otherwise, also when nothing is selected.
+    static void Choice_SetElementValid(bool valid, const char* name, std::string& selected);
+    // Selects the member when nothing is selected (even for a null value);
+    // a null value for the selected member clears the selection; a value
+    // for another member throws CNxInvalidStateException.
+    static void Choice_SelectElement(const char* name, CXmlObjectBase* value, std::string& selected);
+    // For a collection member whose count changed to count: a positive
+    // count selects it when nothing is selected, 0 clears its selection,
+    // and a non-zero count while another member is selected throws.
+    static void Choice_CollectionChanged(const char* name, long count, std::string& selected);
+    // Reads a collection member at cursor unless count says it was read
+    // already; when it consumed something, moves cursor on, checks the
+    // collection's bounds and raises count.
+    static void Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* element, CXmlElement*& cursor,
+                                       long& count, const CXmlSerializationContext& context);
+
     // Element name and namespace matching, as CXmlObjectHelper answers it;
     // a null text counts as an empty one.
     bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,

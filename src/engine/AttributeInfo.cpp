@@ -4,6 +4,7 @@
 
 #include "NxGeneratedClass.h"
 #include "NxXmlDocument.h"
+#include "NxXmlObjectHelper.h"
 
 namespace NxXmlLib9Data {
 
@@ -41,6 +42,12 @@ void CAttributeInfo::ReadProperty(const CXmlGeneratedClass* object, NxVariant& v
 std::string CAttributeInfo::GetTargetNamespace(const CXmlObjectBase* object) const
 {
     return object->GetTargetNamespace();
+}
+
+void CAttributeInfo::TestNamespace(const std::string& namespaceUri, const std::string& specification,
+                                   const std::string& targetNamespace) const
+{
+    CXmlObjectHelper::TestNamespace(namespaceUri, specification, targetNamespace);
 }
 
 void CAttributeInfo::ToXml_Int(const CXmlObjectBase* target, CXmlWriter* writer, bool isRoot,
