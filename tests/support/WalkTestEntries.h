@@ -7,6 +7,7 @@
 // member kind.
 #pragma once
 
+#include <cstring>
 #include <functional>
 #include <map>
 #include <memory>
@@ -392,5 +393,94 @@ private:
 
     Flavor m_flavor;
 };
+
+
+// ---- A record class used by the walk tests ------------------------------
+//
+// rec: a (string), b? (int), kid (a child with v, a string of at most three
+// characters); attributes id (int, at most 99) and colour? (enumeration,
+// default red). kid may be a pseudo child, which then has the optional
+// attribute pa.
+
+inline const char* ColourText(int value)
+{
+    static const char* const names[] = {"red", "green", "blue"};
+    return value >= 0 && value < 3 ? names[value] : nullptr;
+}
+inline int ColourNumber(const char* text)
+{
+    for (int i = 0; i < 3; ++i)
+        if (std::string(text) == ColourText(i))
+            return i;
+    throw NxXmlLib9::CNxInvalidValueException(NxXmlLib9::FormatString("Unknown colour [%s]", text));
+}
+
+enum { PA, PB, PKid, PV, PId, PColour, PText };
+
+inline std::shared_ptr<WalkTables> KidTables(XmlElementType type = NxXmlLib9Data::XmlElementType_Element)
+{
+    using namespace NxXmlLib9;
+    using namespace NxXmlLib9Data;
+    auto tables = std::make_shared<WalkTables>(NxXmlLib9Data::XmlElementGroupType_Sequence, type, "KidType", "", -1, false);
+    CPrimitiveRestrictions shortText;
+    shortText.MaxLength = 3;
+    tables->Element(new TextEntry("v", "", PV, ItemTypeString, Flavor::Seq, false, shortText));
+    if (type == XmlElementType_Pseudo)
+        tables->Attribute(new CAttributeInfoPrimitive("pa", "", PId, true, ItemTypeString, nullptr,
+                                                      CWhitespaceUtils::WhitespaceRuleNone, CPrimitiveRestrictions(),
+                                                      nullptr));
+    return tables;
+}
+
+// rec: a (string), b? (int), kid (real child with v); attributes id (int,
+// at most 99) and colour? (enumeration, default red).
+inline std::shared_ptr<WalkTables> RecTables(XmlElementGroupType group = NxXmlLib9Data::XmlElementGroupType_Sequence,
+                                      XmlElementType kidType = NxXmlLib9Data::XmlElementType_Element, int textIndex = -1,
+                                      bool mayWriteType = false)
+{
+    using namespace NxXmlLib9;
+    using namespace NxXmlLib9Data;
+    auto tables = std::make_shared<WalkTables>(group, XmlElementType_Element, "RecType", "urn:types", textIndex,
+                                               true, mayWriteType);
+    const Flavor flavor = group == XmlElementGroupType_All ? Flavor::All : Flavor::Seq;
+    tables->Element(new TextEntry("a", "", PA, ItemTypeString, flavor, false))
+        .Element(new TextEntry("b", "", PB, ItemTypeI4, flavor, true))
+        .Element(new ChildEntry("kid", "", PKid, kidType, flavor, false));
+    CPrimitiveRestrictions small;
+    small.MaxInclusive = "99";
+    tables->Attribute(new CAttributeInfoPrimitive("id", "", PId, false, ItemTypeI4, nullptr,
+                                                  CWhitespaceUtils::WhitespaceRuleCollapse, small, nullptr))
+        .Attribute(new CAttributeInfoEnum("colour", "", PColour, true, &ColourText, &ColourNumber, "red"));
+    return tables;
+}
+
+template <class T = WalkObject>
+NxXmlLib9::CSmartPtr<T> MakeRec(std::shared_ptr<WalkTables> tables, XmlElementType kidType = NxXmlLib9Data::XmlElementType_Element)
+{
+    NxXmlLib9::CSmartPtr<T> rec(new T(std::move(tables), "rec"));
+    auto kidTables = KidTables(kidType);
+    rec->onInit = [kidTables](WalkObject& self) {
+        self.props[PKid].SetXmlObject(new WalkObject(kidTables, "kid"));
+    };
+    rec->Init();
+    rec->props[PA].SetString("x");
+    rec->props[PB].SetI4(3);
+    rec->props[PId].SetI4(7);
+    rec->props[PColour].SetI4(1);
+    rec->Child(PKid)->props[PV].SetString("y");
+    return rec;
+}
+
+inline std::string FailureOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const NxXmlLib9::CNxValidationException& failure) {
+        return failure.GetFullMessage();
+    } catch (const NxXmlLib9::CNxException& failure) {
+        return "(not a validation failure) " + failure.GetFullMessage();
+    }
+    return "(no failure)";
+}
 
 } // namespace NxWalkTest
