@@ -265,8 +265,8 @@ TEST(ReadWalk, AllGroupOffersEveryOpenEntryInPasses)
     CSmartPtr<WalkObject> group(new WalkObject(tables, "g"));
     group->FromXml("<g><c>3</c><b>2</b><a>1</a></g>");
     EXPECT_EQ(group->Text(0) + group->Text(1) + group->Text(2), "123");
-    // Pass one: a, b refuse c, c takes it, then nothing is open but a and b
-    // on <b>... each found entry is offered no more.
+    // c takes its element at the first offer and is offered nothing more;
+    // a is offered each of the three elements, one per pass.
     EXPECT_EQ(c->offers, 1);
     EXPECT_EQ(a->offers, 3);
 }
