@@ -31,6 +31,10 @@
 #include "NxXmlObjectHelper.h"
 
 #include "NxMetadata.h"
+#include "NxElementInfoTypes.h"
+#include "NxElementInfoSeq.h"
+#include "NxElementInfoAll.h"
+#include "NxElementInfoChoice.h"
 #include "NxGeneratedClass.h"
 #include "NxClassFactory.h"
 #include "NxUntyped.h"
