@@ -5,7 +5,7 @@
 #include "ElementInfoTestClasses.h"
 #include "ExpectFailure.h"
 
-using namespace NxTest;
+using namespace NxElementTest;
 
 namespace {
 

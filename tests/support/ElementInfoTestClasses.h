@@ -14,7 +14,7 @@
 
 #include "NxXmlLib9.h"
 
-namespace NxTest {
+namespace NxElementTest {
 
 using namespace NxXmlLib9;
 using namespace NxXmlLib9Data;
@@ -72,6 +72,7 @@ public:
     {
         log.emplace_back(index, read);
         if (!read) {
+            writes.emplace_back(index, value.GetItemType() == ItemTypeXmlObject && !value.GetXmlObject());
             props[index] = value;
             return;
         }
@@ -109,6 +110,7 @@ public:
 
     std::map<int, NxVariant> props;
     std::vector<std::pair<int, bool>> log; // every AccessProperty: index, read
+    std::vector<std::pair<int, bool>> writes; // every write: index, whether it cleared the property
     std::string code; // the attribute "code"
     int inits = 0;
     mutable int readsAsOptionalChoice = 0;
@@ -396,4 +398,4 @@ struct RegisterVersion {
 };
 inline RegisterVersion registerVersionOnce;
 
-} // namespace NxTest
+} // namespace NxElementTest
