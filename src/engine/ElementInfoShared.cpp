@@ -40,22 +40,32 @@ bool ElementToXmlCls(const CElementInfo& entry, const CXmlSerializationContext& 
     return true;
 }
 
+namespace {
+
+bool WriteItems(const CElementInfo& entry, CXmlCollectionBase& collection, const CXmlSerializationContext& context,
+                CXmlWriter* writer)
+{
+    if (collection.GetCount() <= 0)
+        return false;
+    ChildWriteAccess::ToXml(collection.GetBase(), writer, entry.GetNamespace().c_str(), context, false);
+    return true;
+}
+
+} // namespace
+
 bool ElementToXmlCol(const CElementInfo& entry, const CXmlSerializationContext& context,
                      const CXmlGeneratedClass* object, CXmlWriter* writer)
 {
-    const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(entry, object);
-    if (collection->GetCount() <= 0)
-        return false;
-    ChildWriteAccess::ToXml(collection->GetBase(), writer, entry.GetNamespace().c_str(), context, false);
-    return true;
+    return WriteItems(entry, *ReadCollection(entry, object), context, writer);
 }
 
 bool ElementToXmlCountedCol(const CElementInfo& entry, const CXmlSerializationContext& context,
                             const CXmlGeneratedClass* object, CXmlWriter* writer)
 {
+    const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(entry, object);
     if (!context.GetIgnoreInvalidCollectionCounts())
-        ReadCollection(entry, object)->ValidateCount(context);
-    return ElementToXmlCol(entry, context, object, writer);
+        collection->ValidateCount(context);
+    return WriteItems(entry, *collection, context, writer);
 }
 
 bool ElementToXmlPrim(const CElementInfo& entry, const char* format, const CXmlSerializationContext&,
