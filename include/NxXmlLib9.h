@@ -32,6 +32,10 @@
 
 #include "NxMetadata.h"
 #include "NxAttributeInfos.h"
+#include "NxElementInfoTypes.h"
+#include "NxElementInfoSeq.h"
+#include "NxElementInfoAll.h"
+#include "NxElementInfoChoice.h"
 #include "NxGeneratedClass.h"
 #include "NxClassFactory.h"
 #include "NxUntyped.h"
