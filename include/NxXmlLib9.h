@@ -34,3 +34,4 @@
 #include "NxGeneratedClass.h"
 #include "NxClassFactory.h"
 #include "NxUntyped.h"
+#include "NxTypedCollections.h"
