@@ -143,10 +143,4 @@ public:
     static Event RemoveComplete(int index) { return {MsgType_CollectionRemoveComplete, T{}, index}; }
 };
 
-template <class T>
-void PrintTo(const typename EventLog<T>::Event& e, std::ostream* os)
-{
-    *os << "{type " << e.type << ", index " << e.index << "}";
-}
-
 } // namespace NxTest

@@ -102,29 +102,3 @@ TEST(BooleanCol, EmptiesAndRefillsCleanly)
         ASSERT_FALSE(col->Item(i)) << i;
 }
 
-TEST(BooleanCol, EventsCarryTheBooleanAndRemovalTheIndex)
-{
-    CSmartPtr<CbooleanCol> col = Make<CbooleanCol>();
-    typedef EventLog<bool> Log;
-    Log log;
-    col->AddEventListener(&log);
-    col->Add(true);
-    col->AddAt(1, false);
-    col->Remove(1);
-    EXPECT_EQ(log.events,
-              (std::vector<Log::Event>{Log::Add(true), Log::AddComplete(true), Log::Change(), Log::Add(false),
-                                       Log::AddComplete(false), Log::Change(), Log::Remove(1),
-                                       Log::RemoveComplete(0), Log::Change()}));
-    col->RemoveEventListener(&log);
-}
-
-TEST(BooleanCol, WritesTrueAndFalseAcrossWords)
-{
-    CSmartPtr<CbooleanCol> col = Make<CbooleanCol>(NxTest::Facets(), "b");
-    std::string expected = "<r>";
-    for (int i = 0; i < 66; ++i) {
-        col->Add(i >= 64);
-        expected += i >= 64 ? "<b>true</b>" : "<b>false</b>";
-    }
-    EXPECT_EQ(WriteText(*col), expected + "</r>");
-}

@@ -25,13 +25,6 @@ struct DateLog : IEventSink {
     CXmlObjectBase* GetBase() override { return nullptr; }
 };
 
-CDateTime GYear(short year)
-{
-    CDateTime value;
-    value.SetGYear(year);
-    return value;
-}
-
 CDateTime MonthDay(unsigned char month, unsigned char day)
 {
     CDateTime value;
@@ -144,18 +137,6 @@ TEST(DateLikeCol, InsertsRemovesAndReportsIndexesLikeTheOthers)
     EXPECT_EQ(log.events, (std::vector<std::string>{"3 5", "3 2", "4 0", "0", "3 0", "4 0", "0", "3 0", "4 0", "0"}));
     EXPECT_EQ(col->GetCount(), 0);
     col->RemoveEventListener(&log);
-}
-
-// Through the base class the virtual operations reach the member's checks.
-TEST(DateLikeCol, TheBaseDispatchesToTheMember)
-{
-    CSmartPtr<CmonthDayCol> col = Make<CmonthDayCol>();
-    CdatetimeBaseCol& base = *col;
-    base.Add(MonthDay(12, 25));
-    ExpectFailure<CNxInvalidParamException>([&] { base.AddAt(0, GYear(2000)); },
-                                            "Dates added to this collection must be of type dt_gMonthDay");
-    EXPECT_EQ(base.ItemToString(base.Item(0)), "--12-25");
-    EXPECT_EQ(base.GetItemType(), ItemTypeMonthDay);
 }
 
 TEST(DateLikeCol, WritingChecksTheCountAndWritesEveryMemberAsDateTime)

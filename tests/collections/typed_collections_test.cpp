@@ -189,26 +189,6 @@ TEST(TypedCollection, StringEventsPointAtTheValueAndStorageIsACopy)
     col->RemoveEventListener(&log);
 }
 
-TEST(TypedCollection, ValueClassEventsPointAtTheValue)
-{
-    CSmartPtr<CdecimalCol> col = Make<CdecimalCol>();
-    std::vector<std::string> seen;
-    struct Sink : IEventSink {
-        std::vector<std::string>* seen;
-        void OnEvent(CXmlObjectBase*, MsgType type, void* data) override
-        {
-            if (type == MsgType_CollectionAdd || type == MsgType_CollectionAddComplete)
-                seen->push_back(static_cast<CDecimal*>(data)->ToString());
-        }
-        CXmlObjectBase* GetBase() override { return nullptr; }
-    } sink;
-    sink.seen = &seen;
-    col->AddEventListener(&sink);
-    col->AddFromString(" 2.25 ");
-    EXPECT_EQ(seen, (std::vector<std::string>{"2.25", "2.25"}));
-    col->RemoveEventListener(&sink);
-}
-
 TEST(TypedCollection, ConversionFailuresPassThroughAndAddNothing)
 {
     CSmartPtr<Ci4Col> col = Make<Ci4Col>();
@@ -221,20 +201,6 @@ TEST(TypedCollection, ConversionFailuresPassThroughAndAddNothing)
     CSmartPtr<CbooleanCol> flags = Make<CbooleanCol>();
     EXPECT_THROW(flags->AddFromString("maybe"), CNxInvalidValueException);
     EXPECT_EQ(flags->GetCount(), 0);
-}
-
-TEST(TypedCollection, TheWhitespaceRuleIsGivenToTheConversion)
-{
-    Facets preserve;
-    preserve.whitespace = CWhitespaceUtils::WhitespaceRulePreserve;
-    CSmartPtr<CstringCol> kept = Make<CstringCol>(preserve);
-    kept->AddFromString(" a\r\n b ");
-    EXPECT_EQ(kept->Item(0), " a\n b ");
-    Facets replace;
-    replace.whitespace = CWhitespaceUtils::WhitespaceRuleReplace;
-    CSmartPtr<CstringCol> replaced = Make<CstringCol>(replace);
-    replaced->AddFromString("a\tb");
-    EXPECT_EQ(replaced->Item(0), "a b");
 }
 
 TEST(TypedCollection, RealsAndDecimalsPrintWithTheKeptFormatPointer)
@@ -296,18 +262,6 @@ TEST(TypedCollection, WritingChecksTheCountFirst)
 
     CSmartPtr<Ci2Col> empty = Make<Ci2Col>();
     EXPECT_EQ(WriteText(*empty), "<r/>");
-}
-
-TEST(TypedCollection, ItemsAreWrittenWithTheCollectionsNameAndNamespace)
-{
-    CSmartPtr<CbooleanCol> col = Make<CbooleanCol>(Facets(), "Flag", "urn:f");
-    col->Add(true);
-    RecordingWriter recorder;
-    Walks::Write(*col, recorder);
-    ASSERT_EQ(recorder.items.size(), 1u);
-    EXPECT_EQ(recorder.items[0].name, "Flag");
-    EXPECT_EQ(recorder.items[0].namespaceUri, "urn:f");
-    EXPECT_EQ(recorder.items[0].text, "true");
 }
 
 TEST(TypedCollection, ReadingStopsAtTheFirstOtherElement)
