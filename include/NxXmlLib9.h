@@ -39,3 +39,4 @@
 #include "NxGeneratedClass.h"
 #include "NxClassFactory.h"
 #include "NxUntyped.h"
+#include "NxTypedCollections.h"

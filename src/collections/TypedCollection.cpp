@@ -1,0 +1,125 @@
+// The behaviour shared by the collections of primitive values, and its one
+// instantiation per kind.
+#include "NxTypedCollections.h"
+
+#include <utility>
+
+#include "collections/TypedCollectionSteps.h"
+
+namespace NxXmlLib9 {
+
+template <class Kind>
+CPrimitiveCol<Kind>::CPrimitiveCol(const char* elementName, const char* namespaceUri, int minOccurs,
+                                   int maxOccurs, const char* pattern, int minLength, int maxLength,
+                                   const char* minInclusive, const char* maxInclusive, const char* minExclusive,
+                                   const char* maxExclusive, int length,
+                                   CWhitespaceUtils::WhitespaceRule whitespaceRule, const char* format)
+    : CXmlTypeCollection(Kind::Type, elementName, namespaceUri, minOccurs, maxOccurs, pattern, minLength,
+                         maxLength, minInclusive, maxInclusive, minExclusive, maxExclusive, length, whitespaceRule,
+                         format),
+      CInstanceMonitor(Kind::ClassName)
+{
+}
+
+template <class Kind>
+CPrimitiveCol<Kind>::~CPrimitiveCol() = default;
+
+template <class Kind>
+void CPrimitiveCol<Kind>::Add(Argument value)
+{
+    AddAt(GetCount(), std::forward<Argument>(value));
+}
+
+template <class Kind>
+void CPrimitiveCol<Kind>::AddAt(int index, Argument value)
+{
+    TypedCollectionSteps::Insert(*this, m_items, index, value, [this, &value] {
+        Kind::CheckFacets(GetElementName().c_str(), value, GetRestrictions());
+    });
+}
+
+template <class Kind>
+typename CPrimitiveCol<Kind>::Stored CPrimitiveCol<Kind>::Item(int index) const
+{
+    TypedCollectionSteps::ThrowIfNoItemAt(index, m_items.Size());
+    return m_items.Get(index);
+}
+
+template <class Kind>
+int CPrimitiveCol<Kind>::GetCount() const
+{
+    return m_items.Size();
+}
+
+template <class Kind>
+void CPrimitiveCol<Kind>::Clear()
+{
+    while (GetCount() != 0)
+        Remove(0);
+}
+
+template <class Kind>
+void CPrimitiveCol<Kind>::Remove(int index)
+{
+    TypedCollectionSteps::Erase(*this, m_items, index);
+}
+
+template <class Kind>
+void CPrimitiveCol<Kind>::AddFromString(std::string text)
+{
+    Add(Kind::FromString(text, GetWhitespaceRule()));
+}
+
+template <class Kind>
+void CPrimitiveCol<Kind>::ToXml_Int(CXmlWriter* writer, bool /*isRoot*/, const char* /*elementNamespace*/,
+                                    const CXmlSerializationContext& context, bool /*isOptionalChoice*/) const
+{
+    const char* format = GetFormat();
+    TypedCollectionSteps::Write(*this, m_items, writer, context, GetItemType(),
+                                [format](const Stored& value) { return Kind::ToString(value, format); });
+}
+
+template class CPrimitiveCol<ChexBinaryKind>;
+template class CPrimitiveCol<Cbase64BinaryKind>;
+template class CPrimitiveCol<Ci1Kind>;
+template class CPrimitiveCol<Ci2Kind>;
+template class CPrimitiveCol<Ci4Kind>;
+template class CPrimitiveCol<Ci8Kind>;
+template class CPrimitiveCol<Cui1Kind>;
+template class CPrimitiveCol<Cui2Kind>;
+template class CPrimitiveCol<Cui4Kind>;
+template class CPrimitiveCol<Cui8Kind>;
+template class CPrimitiveCol<Cr4Kind>;
+template class CPrimitiveCol<Cr8Kind>;
+template class CPrimitiveCol<CdurationKind>;
+template class CPrimitiveCol<CyearKind>;
+template class CPrimitiveCol<CmonthKind>;
+template class CPrimitiveCol<CdayKind>;
+template class CPrimitiveCol<CstringKind>;
+template class CPrimitiveCol<CdecimalKind>;
+template class CPrimitiveCol<CintegerKind>;
+template class CPrimitiveCol<CbooleanKind>;
+
+// The destructors anchor each class's virtual table in the library.
+ChexBinaryCol::~ChexBinaryCol() = default;
+Cbase64BinaryCol::~Cbase64BinaryCol() = default;
+Ci1Col::~Ci1Col() = default;
+Ci2Col::~Ci2Col() = default;
+Ci4Col::~Ci4Col() = default;
+Ci8Col::~Ci8Col() = default;
+Cui1Col::~Cui1Col() = default;
+Cui2Col::~Cui2Col() = default;
+Cui4Col::~Cui4Col() = default;
+Cui8Col::~Cui8Col() = default;
+Cr4Col::~Cr4Col() = default;
+Cr8Col::~Cr8Col() = default;
+CdurationCol::~CdurationCol() = default;
+CyearCol::~CyearCol() = default;
+CmonthCol::~CmonthCol() = default;
+CdayCol::~CdayCol() = default;
+CstringCol::~CstringCol() = default;
+CbooleanCol::~CbooleanCol() = default;
+CdecimalCol::~CdecimalCol() = default;
+CintegerCol::~CintegerCol() = default;
+
+} // namespace NxXmlLib9
