@@ -2,7 +2,7 @@
 // before the add event, and the dateTime item type on writing.
 #include "TypedCollectionSupport.h"
 
-#include "../values/DateBuilders.h"
+#include "DateBuilders.h"
 #include "ExpectFailure.h"
 
 using namespace NxTest;

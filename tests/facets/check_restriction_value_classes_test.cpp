@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "../values/DateBuilders.h"
+#include "DateBuilders.h"
 #include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
