@@ -145,6 +145,9 @@ public:
                                         bool isOptionalChoice) const;
     void AttributesToXml_Int(const NxXmlLib9::CXmlObjectBase* target, NxXmlLib9::CXmlWriter* writer,
                              const NxXmlLib9::CXmlSerializationContext& context) const;
+    void ToXml_Int(const NxXmlLib9::CXmlObjectBase* target, NxXmlLib9::CXmlWriter* writer,
+                   const char* elementNamespace, const NxXmlLib9::CXmlSerializationContext& context,
+                   bool isOptionalChoice) const;
 
 protected:
     std::string m_name; // local name, or "AnyElement" for a wildcard

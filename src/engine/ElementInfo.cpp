@@ -108,4 +108,11 @@ void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* target, CXmlWriter*
     CXmlObjectBase::AttributesToXml_Int(target, writer, context);
 }
 
+// A child element is never the root of the document.
+void CElementInfo::ToXml_Int(const CXmlObjectBase* target, CXmlWriter* writer, const char* elementNamespace,
+                             const CXmlSerializationContext& context, bool isOptionalChoice) const
+{
+    CXmlObjectBase::ToXml_Int(target, writer, false, elementNamespace, context, isOptionalChoice);
+}
+
 } // namespace NxXmlLib9Data

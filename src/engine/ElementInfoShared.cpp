@@ -10,22 +10,6 @@ namespace ElementInfoShared {
 
 using namespace NxXmlLib9;
 
-namespace {
-
-// The write walk of an object is protected in the object base. A
-// descendant of the base may call the base's static forwarder, so this
-// class, which is never made, lends the records that right.
-class ChildWriteAccess : public CXmlObjectBase {
-public:
-    static void ToXml(const CXmlObjectBase* child, CXmlWriter* writer, const char* elementNamespace,
-                      const CXmlSerializationContext& context, bool isOptionalChoice)
-    {
-        CXmlObjectBase::ToXml_Int(child, writer, false, elementNamespace, context, isOptionalChoice);
-    }
-};
-
-} // namespace
-
 // ---- Writing ----------------------------------------------------------------
 
 bool ElementToXmlCls(const CElementInfo& entry, const CXmlSerializationContext& context,
@@ -36,7 +20,7 @@ bool ElementToXmlCls(const CElementInfo& entry, const CXmlSerializationContext& 
     const CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
     if (!child)
         return false;
-    ChildWriteAccess::ToXml(child, writer, entry.GetNamespace().c_str(), context, isOptionalChoice);
+    entry.ToXml_Int(child, writer, entry.GetNamespace().c_str(), context, isOptionalChoice);
     return true;
 }
 
@@ -47,7 +31,7 @@ bool WriteItems(const CElementInfo& entry, CXmlCollectionBase& collection, const
 {
     if (collection.GetCount() <= 0)
         return false;
-    ChildWriteAccess::ToXml(collection.GetBase(), writer, entry.GetNamespace().c_str(), context, false);
+    entry.ToXml_Int(collection.GetBase(), writer, entry.GetNamespace().c_str(), context, false);
     return true;
 }
 
