@@ -20,13 +20,17 @@ endforeach()
 
 # 1. CMake package.
 run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/cmake-build
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX}
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} -DEXAMPLES_DIR=${EXAMPLES_DIR}
     "-DCMAKE_CXX_FLAGS=${CONSUMER_FLAGS}" "-DCMAKE_EXE_LINKER_FLAGS=${CONSUMER_FLAGS}")
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/cmake-build)
 run(${WORK_DIR}/cmake-build/consumer)
 if(NOT LAST_OUTPUT MATCHES "<greeting>installed</greeting>")
   message(FATAL_ERROR "Unexpected consumer output: ${LAST_OUTPUT}")
 endif()
+file(GLOB example_programs ${WORK_DIR}/cmake-build/example_*)
+foreach(program ${example_programs})
+  run(${program})
+endforeach()
 
 # 2. pkg-config.
 find_program(PKG_CONFIG pkg-config REQUIRED)
