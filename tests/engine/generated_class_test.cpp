@@ -45,22 +45,41 @@ public:
     ~LoggedParent() override { g_destroyed.push_back("parent"); }
 };
 
-class LoggedElement : public NxTest::StandInEntry {
+class LoggedElement : public CElementInfoSeqPrimCol {
 public:
-    explicit LoggedElement(const char* name) : StandInEntry(name, "", 0) {}
+    explicit LoggedElement(const char* name) : CElementInfoSeqPrimCol(name, "", 0) {}
     ~LoggedElement() override { g_destroyed.push_back(m_name); }
-    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**,
-                        const char*, XmlElementType) override
-    {
-        return false;
-    }
 };
 
-class LoggedAttribute : public NxTest::AttrEntry {
+// An attribute record of a string, optional and without default.
+CAttributeInfoPrimitive StringAttribute(const char* name)
+{
+    return CAttributeInfoPrimitive(name, "", 0, true, ItemTypeString, nullptr, CWhitespaceUtils::WhitespaceRuleNone,
+                                   CPrimitiveRestrictions(), nullptr);
+}
+
+class LoggedAttribute : public CAttributeInfoPrimitive {
 public:
-    explicit LoggedAttribute(const char* name) : AttrEntry(name, 0, true, ItemTypeString, nullptr) {}
+    explicit LoggedAttribute(const char* name)
+        : CAttributeInfoPrimitive(name, "", 0, true, ItemTypeString, nullptr, CWhitespaceUtils::WhitespaceRuleNone,
+                                  CPrimitiveRestrictions(), nullptr)
+    {
+    }
     ~LoggedAttribute() override { g_destroyed.push_back(m_name); }
 };
+
+// A record of a mandatory child object, which has no primitive description.
+CElementInfoSeqClsMnd ChildEntry(const char* name, const char* elementNamespace, int propertyIndex)
+{
+    return CElementInfoSeqClsMnd(name, elementNamespace, propertyIndex, XmlElementType_Element,
+                                 &NxTest::CreatePersonObject, NxTest::ClassNumberAddress, true);
+}
+
+// A record of a mandatory string element with the given facets.
+CElementInfoSeqPrimMnd PrimEntry(const char* name, ItemType type, const CPrimitiveRestrictions& restrictions)
+{
+    return CElementInfoSeqPrimMnd(name, "", 0, type, nullptr, CWhitespaceUtils::WhitespaceRuleCollapse, restrictions);
+}
 
 // Sees the protected walks that the entries' forwarders reach.
 class WalkProbe : public CXmlObjectBase {
@@ -93,7 +112,7 @@ protected:
 };
 
 // A class without child elements or attributes.
-class Bare : public NxTest::HandWalkedClass {
+class Bare : public CXmlGeneratedClass {
 public:
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return ""; }
@@ -244,8 +263,8 @@ TEST(GeneratedClass, EntryForwardersAddTheirPropertyIndex)
 TEST(GeneratedClass, EntryForwardersReachTheProtectedWalksOfTheirTarget)
 {
     CSmartPtr<WalkProbe> probe(new WalkProbe);
-    NxTest::ChildEntry entry("child", "", 0);
-    NxTest::AttrEntry attribute("a", 0, true, ItemTypeString, nullptr);
+    CElementInfoSeqClsMnd entry = ChildEntry("child", "", 0);
+    CAttributeInfoPrimitive attribute = StringAttribute("a");
     CXmlSerializationContext context;
     ParsedChildren children("<r><c/></r>");
 
@@ -267,8 +286,8 @@ TEST(GeneratedClass, EntryForwardersReachTheProtectedWalksOfTheirTarget)
 
 TEST(ElementInfo, CheckRestrictionUsesTheEntrysFacetsOrRefusesWithoutThem)
 {
-    NxTest::PrimEntry described("Code", "", 0, ItemTypeString, false,
-                                CPrimitiveRestrictions(nullptr, -1, 3, nullptr, nullptr, nullptr, nullptr, -1));
+    CElementInfoSeqPrimMnd described = PrimEntry(
+        "Code", ItemTypeString, CPrimitiveRestrictions(nullptr, -1, 3, nullptr, nullptr, nullptr, nullptr, -1));
     NxVariant value;
     value.SetString("abc");
     described.CheckRestriction(value);
@@ -276,12 +295,12 @@ TEST(ElementInfo, CheckRestrictionUsesTheEntrysFacetsOrRefusesWithoutThem)
     ExpectFailure<CNxException>([&] { described.CheckRestriction(value); }, "Invalid Value for Code [abcd]");
 
     // The entry's kind decides the check, not the variant's tag.
-    NxTest::PrimEntry number("Count", "", 0, ItemTypeI4, false,
-                             CPrimitiveRestrictions(nullptr, -1, -1, "10", nullptr, nullptr, nullptr, -1));
+    CElementInfoSeqPrimMnd number =
+        PrimEntry("Count", ItemTypeI4, CPrimitiveRestrictions(nullptr, -1, -1, "10", nullptr, nullptr, nullptr, -1));
     value.SetI4(5);
     ExpectFailure<CNxException>([&] { number.CheckRestriction(value); }, "Invalid Value for Count [5]");
 
-    NxTest::ChildEntry undescribed("Address", "", 0);
+    CElementInfoSeqClsMnd undescribed = ChildEntry("Address", "", 0);
     value.SetString("abc");
     ExpectFailure<CNxException>([&] { undescribed.CheckRestriction(value); },
                                 "Cannot CheckRestriction for type: string");
@@ -295,8 +314,8 @@ TEST(ElementInfo, CheckRestrictionUsesTheEntrysFacetsOrRefusesWithoutThem)
 TEST(ElementInfo, IsThisElementComparesLocalNameThenNamespaceUnlessIgnored)
 {
     ParsedChildren children("<r xmlns:a='urn:a' xmlns:b='urn:b'><a:Item/><b:Item/><a:item/><Item/></r>");
-    NxTest::ChildEntry entry("Item", "urn:a", 0);
-    NxTest::ChildEntry local("Item", nullptr, 0);
+    CElementInfoSeqClsMnd entry = ChildEntry("Item", "urn:a", 0);
+    CElementInfoSeqClsMnd local = ChildEntry("Item", nullptr, 0);
     CXmlSerializationContext context;
     EXPECT_TRUE(entry.IsThisElement(context, children[0]));
     EXPECT_FALSE(entry.IsThisElement(context, children[1]));
@@ -358,7 +377,7 @@ TEST(ElementInfo, GetAnyDefaultNamespaceFollowsTheSpecification)
 
 TEST(AttributeInfo, IsThisAttributeComparesLocalNameThenNamespaceUnlessIgnored)
 {
-    NxTest::AttrEntry entry("lang", 0, true, ItemTypeString, nullptr);
+    CAttributeInfoPrimitive entry = StringAttribute("lang");
     CXmlAttribute plain("lang", "de", "");
     CXmlAttribute foreign("lang", "de", "urn:other");
     CXmlAttribute other("Lang", "de", "");
@@ -380,12 +399,14 @@ TEST(MetadataRecords, NullTextsAreKeptAsEmptyTexts)
     // Only -1 means that there is no text property.
     EXPECT_EQ(parent.GetTextPropertyIndex(), 0);
 
-    NxTest::ChildEntry element(nullptr, nullptr, 4);
+    CElementInfoSeqClsMnd element = ChildEntry(nullptr, nullptr, 4);
     EXPECT_EQ(element.GetName(), "");
     EXPECT_EQ(element.GetNamespace(), "");
     EXPECT_EQ(element.GetPropertyIndex(), 4);
 
-    CAttributeInfo* attribute = new NxTest::AttrEntry(nullptr, 2, true, ItemTypeString, nullptr);
+    CAttributeInfo* attribute = new CAttributeInfoPrimitive(nullptr, "", 2, true, ItemTypeString, nullptr,
+                                                            CWhitespaceUtils::WhitespaceRuleNone,
+                                                            CPrimitiveRestrictions(), nullptr);
     EXPECT_EQ(attribute->GetName(), "");
     EXPECT_EQ(attribute->GetDefaultValue(), "");
     delete attribute;
