@@ -67,7 +67,7 @@ protected:
 
 // The wildcard of a class's attributes: the property is a CAttributeCol.
 // It takes every attribute offered to it, so it stands last in a table; an
-// attribute from a namespace the specification refuses fails the read.
+// attribute from a namespace the wildcard refuses fails the read.
 class CAttributeInfoAny : public CAttributeInfo {
 public:
     CAttributeInfoAny(const char* name, const char* attributeNamespace, int propertyIndex, bool optional,

@@ -193,7 +193,7 @@ public:
     void AccessProperty(NxXmlLib9::CXmlGeneratedClass* object, bool read, NxXmlLib9::NxVariant& value) const;
     void ReadProperty(const NxXmlLib9::CXmlGeneratedClass* object, NxXmlLib9::NxVariant& value) const;
     std::string GetTargetNamespace(const NxXmlLib9::CXmlObjectBase* object) const;
-    // Throws CNxInvalidNamespaceException when the specification does not
+    // Throws CNxInvalidNamespaceException when the wildcard text does not
     // admit the namespace.
     void TestNamespace(const std::string& namespaceUri, const std::string& specification,
                        const std::string& targetNamespace) const;
