@@ -4,30 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
+#include "ScopedCType.h"
 
-#include <clocale>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <unistd.h>
 
 namespace NxTest {
-
-// Switches the character-type locale for one test; the library never sets
-// one itself.
-class ScopedLocale {
-public:
-    explicit ScopedLocale(const char* name) : m_previous(std::setlocale(LC_CTYPE, nullptr))
-    {
-        m_active = std::setlocale(LC_CTYPE, name) != nullptr;
-    }
-    ~ScopedLocale() { std::setlocale(LC_CTYPE, m_previous.c_str()); }
-    bool Active() const { return m_active; }
-
-private:
-    std::string m_previous;
-    bool m_active;
-};
 
 // A file in the temporary folder, removed at the end of the test.
 class TempFile {

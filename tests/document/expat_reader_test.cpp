@@ -128,7 +128,7 @@ TEST(ExpatReaderText, NamesAndTextArriveInTheLocalCodePage)
     const std::string xml = "<\xC3\xA9l\xC3\xA9ment attr\xC3\xA9='\xE2\x82\xAC'>caf\xC3\xA9 \xF0\x9F\x98\x80" +
                             long_text + "\xC3\xA9</\xC3\xA9l\xC3\xA9ment>";
     {
-        NxTest::ScopedLocale locale("C");
+        ScopedCType locale("C");
         CXmlDocument document;
         document.LoadXml(xml.c_str());
         const CXmlElement* root = document.GetDocumentElement();
@@ -137,8 +137,7 @@ TEST(ExpatReaderText, NamesAndTextArriveInTheLocalCodePage)
         EXPECT_EQ("?", root->GetAttribute("attr?", ""));
     }
     {
-        NxTest::ScopedLocale locale("C.UTF-8");
-        ASSERT_TRUE(locale.Active());
+        REQUIRE_UTF8_LOCALE(locale);
         CXmlDocument document;
         document.LoadXml(xml.c_str());
         const CXmlElement* root = document.GetDocumentElement();

@@ -69,8 +69,7 @@ TEST(XmlDocumentLoad, EveryInputKindGivesTheSameTree)
 
 TEST(XmlDocumentLoad, WideTextIsCutToSixteenBitUnits)
 {
-    NxTest::ScopedLocale locale("C.UTF-8");
-    ASSERT_TRUE(locale.Active());
+    REQUIRE_UTF8_LOCALE(locale);
     CXmlDocument document;
     // U+1F600 reaches the parser as the single unit 0xF600.
     document.LoadXml(L"<a>\U0001F600\u00e9</a>");

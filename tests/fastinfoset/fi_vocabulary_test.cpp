@@ -110,18 +110,6 @@ TEST(FIVocabulary, QualifiedNamesShareTheirParts)
     EXPECT_EQ(2u, vocabulary.GetLocalNamesTable().size());
 }
 
-TEST(FIVocabulary, MapKeepsFirstIndexOfAKey)
-{
-    CFIVocabulary vocabulary;
-    CFIVocabulary::CFIIndexMap map;
-    vocabulary.AddValueToMap("a", map);
-    vocabulary.AddValueToMap("b", map);
-    vocabulary.AddValueToMap("a", map);
-    EXPECT_EQ(2u, map.size());
-    EXPECT_EQ(1u, map.at("a"));
-    EXPECT_EQ(2u, map.at("b"));
-}
-
 TEST(FIVocabulary, TablesStopGrowingAtTwoToTheTwenty)
 {
     CFIVocabulary vocabulary;

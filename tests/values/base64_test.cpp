@@ -17,7 +17,7 @@ std::string Decoded(const char* text)
 
 } // namespace
 
-TEST(Base64Encode, PadsOneTwoAndThreeBytes)
+TEST(Base64Encode, PadsOneTwoAndThreeBytesAndEmptyGivesNothing)
 {
     EXPECT_EQ(CBinaryData("M").GetAsBase64(), "TQ==");
     EXPECT_EQ(CBinaryData("Ma").GetAsBase64(), "TWE=");
@@ -25,33 +25,23 @@ TEST(Base64Encode, PadsOneTwoAndThreeBytes)
     EXPECT_EQ(CBinaryData("Many").GetAsBase64(), "TWFueQ==");
     unsigned char high[] = {0xFB, 0xFF, 0xBF};
     EXPECT_EQ(CBinaryData(high, 3).GetAsBase64(), "+/+/");
-}
-
-TEST(Base64Encode, EmptyInputsGiveEmptyText)
-{
     EXPECT_EQ(CBinaryData().GetAsBase64(), "");
     EXPECT_EQ(CBinaryData("").GetAsBase64(), "");
-    CBase64 coder;
-    EXPECT_EQ(coder.Encode(nullptr, 5), "");
+    EXPECT_EQ(CBase64().Encode(nullptr, 5), "");
 }
 
-TEST(Base64Decode, SkipsWhiteSpaceAndPaddingAnywhere)
+TEST(Base64Decode, SkipsWhiteSpacePaddingAndTopBits)
 {
-    EXPECT_EQ(Decoded("TW\nFu"), "Man");
     EXPECT_EQ(Decoded("TWFu==="), "Man");
     EXPECT_EQ(Decoded(" T\tW=F\r\nu "), "Man");
     EXPECT_EQ(Decoded("TQ=="), "M");
     EXPECT_EQ(Decoded("TQ"), "M");
     EXPECT_EQ(Decoded("TWE"), "Ma");
-}
-
-TEST(Base64Decode, TopBitOfACharacterIsIgnored)
-{
     const char text[] = {'T', static_cast<char>('W' | 0x80), 'F', 'u', 0};
     EXPECT_EQ(Decoded(text), "Man");
 }
 
-TEST(Base64Decode, BadCharacterGivesAnEmptyHolderSilently)
+TEST(Base64Decode, BadCharacterGivesAnEmptyHolderSilentlyAndNullGivesZero)
 {
     CBinaryData data("previous");
     data.SetAsBase64("T*Fu");
@@ -59,10 +49,6 @@ TEST(Base64Decode, BadCharacterGivesAnEmptyHolderSilently)
     EXPECT_EQ(data.GetLength(), 0u);
     EXPECT_EQ(Decoded("TWFu-"), "");
     EXPECT_EQ(Decoded(""), "");
-}
-
-TEST(Base64Decode, NullArgumentsGiveZero)
-{
     CBase64 coder;
     unsigned char out[4];
     EXPECT_EQ(coder.Decode(nullptr, out), 0);
@@ -81,7 +67,6 @@ TEST(Base64RoundTrip, EveryByteValueAndLength)
         ASSERT_EQ(text.size(), (length + 2) / 3 * 4);
         CBinaryData back;
         back.SetAsBase64(text.c_str());
-        ASSERT_EQ(back.GetLength(), length);
         ASSERT_EQ(back.GetAsHexString(), source.GetAsHexString());
     }
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "NxXmlLib9.h"
@@ -76,53 +77,37 @@ TEST(IntegerFromStringTest, FourByteKindsTakeThePlatformLong)
     EXPECT_EQ(5000000000UL, C::ui4FromString("5000000000", kNone));
 }
 
-TEST(IntegerFromStringTest, TrailingBytesCanNotBeConverted)
+TEST(IntegerFromStringTest, FailuresNameTheirKind)
 {
-    ExpectFailure<CNxInvalidValueException>([] { C::i4FromString("12abc", kNone); },
-                                            "The value [12abc] can not be converted to a i4");
-    ExpectFailure<CNxInvalidValueException>([] { C::i8FromString("1.5", kNone); },
-                                            "The value [1.5] can not be converted to a i8");
-    ExpectFailure<CNxInvalidValueException>([] { C::ui4FromString("x", kNone); },
-                                            "The value [x] can not be converted to a ui4");
-    ExpectFailure<CNxInvalidValueException>([] { C::ui8FromString("7 ", kNone); },
-                                            "The value [7 ] can not be converted to a ui8");
-    // The narrow kinds fail inside their wide kind, which names itself.
-    ExpectFailure<CNxInvalidValueException>([] { C::i1FromString("1x", kNone); },
-                                            "The value [1x] can not be converted to a i4");
-    ExpectFailure<CNxInvalidValueException>([] { C::ui2FromString("1x", kNone); },
-                                            "The value [1x] can not be converted to a ui4");
-}
-
-TEST(IntegerFromStringTest, RangeErrorsNameTheirKind)
-{
-    ExpectFailure<CNxInvalidValueException>([] { C::i1FromString("128", kNone); },
-                                            "The value [128] is to large to fit in a i1");
-    ExpectFailure<CNxInvalidValueException>([] { C::i1FromString("-129", kNone); },
-                                            "The value [-129] is to large to fit in a i1");
-    ExpectFailure<CNxInvalidValueException>([] { C::i2FromString("70000", kNone); },
-                                            "The value [70000] is to large to fit in a i2");
-    ExpectFailure<CNxInvalidValueException>([] { C::ui1FromString("256", kNone); },
-                                            "The value [256] is to large to fit in a ui1");
-    ExpectFailure<CNxInvalidValueException>([] { C::ui2FromString("65536", kNone); },
-                                            "The value [65536] is to large to fit in a ui2");
-    ExpectFailure<CNxInvalidValueException>(
-        [] { C::i4FromString("99999999999999999999", kNone); },
-        "The value [99999999999999999999] is to large to fit in a i4");
-    ExpectFailure<CNxInvalidValueException>(
-        [] { C::i8FromString("99999999999999999999", kNone); },
-        "The value [99999999999999999999] is to large to fit in a i8");
-    ExpectFailure<CNxInvalidValueException>(
-        [] { C::ui8FromString("18446744073709551616", kNone); },
-        "The value [18446744073709551616] is to large to fit in a ui8");
-}
-
-TEST(IntegerFromStringTest, NarrowRangeMessageShowsTheInputAsItCame)
-{
-    ExpectFailure<CNxInvalidValueException>([] { C::i1FromString(" 300\r ", kCollapse); },
-                                            "The value [ 300\r ] is to large to fit in a i1");
-    // The wide kind's messages show the text after the rule.
-    ExpectFailure<CNxInvalidValueException>([] { C::i4FromString("  1\r2 x ", kCollapse); },
-                                            "The value [12 x] can not be converted to a i4");
+    const std::string notConverted = "] can not be converted to a ", tooLarge = "] is to large to fit in a ";
+    const struct {
+        std::function<void()> call;
+        std::string message;
+    } cases[] = {
+        {[] { C::i4FromString("12abc", kNone); }, "The value [12abc" + notConverted + "i4"},
+        {[] { C::i8FromString("1.5", kNone); }, "The value [1.5" + notConverted + "i8"},
+        {[] { C::ui4FromString("x", kNone); }, "The value [x" + notConverted + "ui4"},
+        {[] { C::ui8FromString("7 ", kNone); }, "The value [7 " + notConverted + "ui8"},
+        // The narrow kinds fail inside their wide kind, which names itself.
+        {[] { C::i1FromString("1x", kNone); }, "The value [1x" + notConverted + "i4"},
+        {[] { C::ui2FromString("1x", kNone); }, "The value [1x" + notConverted + "ui4"},
+        // The wide kind's messages show the text after the rule ...
+        {[] { C::i4FromString("  1\r2 x ", kCollapse); }, "The value [12 x" + notConverted + "i4"},
+        {[] { C::i1FromString("128", kNone); }, "The value [128" + tooLarge + "i1"},
+        {[] { C::i1FromString("-129", kNone); }, "The value [-129" + tooLarge + "i1"},
+        {[] { C::i2FromString("70000", kNone); }, "The value [70000" + tooLarge + "i2"},
+        {[] { C::ui1FromString("256", kNone); }, "The value [256" + tooLarge + "ui1"},
+        {[] { C::ui2FromString("65536", kNone); }, "The value [65536" + tooLarge + "ui2"},
+        {[] { C::i4FromString("99999999999999999999", kNone); }, "The value [99999999999999999999" + tooLarge + "i4"},
+        {[] { C::i8FromString("99999999999999999999", kNone); }, "The value [99999999999999999999" + tooLarge + "i8"},
+        {[] { C::ui8FromString("18446744073709551616", kNone); }, "The value [18446744073709551616" + tooLarge + "ui8"},
+        // ... the narrow kinds' range messages the input as it came.
+        {[] { C::i1FromString(" 300\r ", kCollapse); }, "The value [ 300\r " + tooLarge + "i1"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.message);
+        ExpectFailure<CNxInvalidValueException>(c.call, c.message);
+    }
 }
 
 TEST(RealToStringTest, DefaultFormatsAndSpecialValues)

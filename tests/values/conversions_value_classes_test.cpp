@@ -25,23 +25,15 @@ std::string Bytes(const CBinaryData& data)
 
 } // namespace
 
-TEST(BinaryConversionsTest, HexReadsEitherCaseAndPrintsUpperCase)
+TEST(BinaryConversionsTest, RuleComesBeforeTheDecoders)
 {
     const CBinaryData data = C::hexBinaryFromString(" ab01\n", kCollapse);
     EXPECT_EQ(std::string("\xAB\x01", 2), Bytes(data));
     EXPECT_EQ("AB01", C::hexBinaryToString(data));
-    const CBinaryData empty = C::hexBinaryFromString("", kNone);
-    EXPECT_EQ(0u, empty.GetLength());
-    EXPECT_EQ("", C::hexBinaryToString(empty));
-}
-
-TEST(BinaryConversionsTest, Base64SkipsWhiteSpaceAndGivesNothingForABadCharacter)
-{
-    EXPECT_EQ("Man", Bytes(C::base64BinaryFromString("TW\nFu", kNone)));
+    EXPECT_EQ("", C::hexBinaryToString(C::hexBinaryFromString("", kNone)));
     EXPECT_EQ("Man", Bytes(C::base64BinaryFromString("TW\tFu==", kReplace)));
     EXPECT_EQ(0u, C::base64BinaryFromString("T*Fu", kNone).GetLength());
     EXPECT_EQ("TWE=", C::base64BinaryToString(CBinaryData("Ma")));
-    EXPECT_EQ("", C::base64BinaryToString(CBinaryData()));
 }
 
 TEST(DurationConversionsTest, RoundTripsAndReportsTheParserFailure)
@@ -77,8 +69,6 @@ TEST(DateConversionsTest, RuleComesBeforeTheParser)
     EXPECT_EQ("2000-01-01", C::dateToString(C::dateFromString(" 2000-01-01\t", kCollapse)));
     ExpectFailure<CNxInvalidValueException>([] { C::dateFromString(" 2000-01-01", kNone); },
                                             std::string("Invalid XSD Date [ 2000-01-01] ") + kDateForm);
-    ExpectFailure<CNxInvalidValueException>([] { C::dateFromString("1900-02-29", kNone); },
-                                            "Invalid Day [29] (1 <= day <= days in month");
     ExpectFailure<CNxInvalidValueException>([] { C::dateFromString("", kCollapse); },
                                             "Invalid Date (Empty String)");
 }
@@ -88,17 +78,11 @@ TEST(DateConversionsTest, TimeAndDateTime)
     const CDateTime time = C::timeFromString("12:00:00.5Z", kNone);
     EXPECT_EQ(CDateTime::dt_time, time.GetType());
     EXPECT_EQ("12:00:00.5Z", C::timeToString(time));
-    ExpectFailure<CNxInvalidValueException>([] { C::timeFromString("24:00:00", kNone); },
-                                            "Invalid XSD Time [24:00:00] expected hh:mm:ss[.ff]");
-
     const CDateTime instant = C::datetimeFromString("2000-01-01T00:00:00+24:00", kNone);
     EXPECT_EQ(CDateTime::dt_dateTime, instant.GetType());
     EXPECT_EQ("2000-01-01T00:00:00+00:00", C::datetimeToString(instant));
     ExpectFailure<CNxInvalidValueException>([] { C::datetimeFromString("2000-01-01", kNone); },
                                             "Invalid XSD DateTime [2000-01-01]");
-    ExpectFailure<CNxInvalidValueException>(
-        [] { C::datetimeFromString("2000-05T10:00:00", kNone); },
-        "Invalid XSD DateTime [2000-05T10:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]");
     ExpectFailure<CNxInvalidValueException>([] { C::datetimeToString(CDateTime()); }, "Date Not Set");
 }
 
@@ -128,9 +112,6 @@ TEST(DecimalConversionsTest, PrintsEveryDigitWithoutAFormat)
     EXPECT_EQ("1.5", C::decimalToString(C::decimalFromString(" 001.50 ", kCollapse), nullptr));
     EXPECT_EQ("0.333333333333333333333333333333",
               C::decimalToString(CDecimal(1) / CDecimal(3), nullptr));
-    ExpectFailure<CNxInvalidValueException>(
-        [] { C::decimalFromString("1.2.3", kNone); },
-        "The string representing a Decimal, contained an invalid char at position 3 [1.2.3]");
 }
 
 TEST(DecimalConversionsTest, FormatIsTheNumberOfFractionalDigits)
@@ -150,7 +131,6 @@ TEST(DecimalConversionsTest, FormatIsTheNumberOfFractionalDigits)
 
 TEST(IntegerConversionsTest, ParsesLenientlyAndPrintsEveryDigit)
 {
-    EXPECT_EQ("-12", C::integerToString(C::integerFromString("  -0012  ", kNone)));
     EXPECT_EQ("34", C::integerToString(C::integerFromString("12-34", kNone)));
     EXPECT_EQ("123456789012345678901234567890",
               C::integerToString(C::integerFromString("123456789012345678901234567890", kNone)));

@@ -1,18 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
+#include "DateBuilders.h"
 #include "ExpectFailure.h"
 
 using namespace NxXmlLib9;
 
 namespace {
-
-CDateTimeSpan Span(const char* text)
-{
-    CDateTimeSpan span;
-    span.ParseXSDDuration(text);
-    return span;
-}
 
 void ExpectBadDuration(const char* text)
 {

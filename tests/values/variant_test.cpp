@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -33,57 +34,38 @@ TEST(VariantTest, FreshVariantIsInvalidAndHasNoType)
 
 TEST(VariantTest, EverySetterStoresItsKind)
 {
+    const struct {
+        std::function<void(NxVariant&)> set;
+        ItemType type;
+        const char* name;
+        const char* text;
+    } cases[] = {
+        {[](NxVariant& v) { v.SetI1(-5); }, ItemTypeI1, "i1", "-5"},
+        {[](NxVariant& v) { v.SetI2(-300); }, ItemTypeI2, "i2", "-300"},
+        {[](NxVariant& v) { v.SetI4(-70000); }, ItemTypeI4, "i4", "-70000"},
+        {[](NxVariant& v) { v.SetI8(-5000000000LL); }, ItemTypeI8, "i8", "-5000000000"},
+        {[](NxVariant& v) { v.SetUI1(200); }, ItemTypeUI1, "ui1", "200"},
+        {[](NxVariant& v) { v.SetUI2(60000); }, ItemTypeUI2, "ui2", "60000"},
+        {[](NxVariant& v) { v.SetUI4(4000000000UL); }, ItemTypeUI4, "ui4", "4000000000"},
+        {[](NxVariant& v) { v.SetUI8(18000000000000000000ULL); }, ItemTypeUI8, "ui8", "18000000000000000000"},
+        {[](NxVariant& v) { v.SetR4(0.25f); }, ItemTypeR4, "r4", "0.25"},
+        {[](NxVariant& v) { v.SetR8(2.5); }, ItemTypeR8, "r8", "2.5"},
+        {[](NxVariant& v) { v.SetYear(1999); }, ItemTypeYear, "year", "1999"},
+        {[](NxVariant& v) { v.SetMonth(3); }, ItemTypeMonth, "month", "--03"},
+        {[](NxVariant& v) { v.SetDay(7); }, ItemTypeDay, "day", "---07"},
+        {[](NxVariant& v) { v.SetChar('q'); }, ItemTypeChar, "char", "q"},
+        {[](NxVariant& v) { v.SetBoolean(true); }, ItemTypeBoolean, "boolean", "true"},
+        {[](NxVariant& v) { v.SetString("text"); }, ItemTypeString, "string", "text"},
+    };
     NxVariant v;
-    v.SetI1(-5);
-    EXPECT_EQ(ItemTypeI1, v.GetItemType());
-    EXPECT_EQ("i1", v.GetType());
-    EXPECT_EQ("-5", v.ToString(nullptr));
-    v.SetI2(-300);
-    EXPECT_EQ("i2", v.GetType());
-    EXPECT_EQ(-300, v.GetI2());
-    v.SetI4(-70000);
-    EXPECT_EQ("i4", v.GetType());
-    EXPECT_EQ("-70000", v.ToString());
-    v.SetI8(-5000000000LL);
-    EXPECT_EQ("i8", v.GetType());
-    EXPECT_EQ("-5000000000", v.ToString());
-    v.SetUI1(200);
-    EXPECT_EQ("ui1", v.GetType());
-    EXPECT_EQ("200", v.ToString());
-    v.SetUI2(60000);
-    EXPECT_EQ("ui2", v.GetType());
-    EXPECT_EQ(60000, v.GetUI2());
-    v.SetUI4(4000000000UL);
-    EXPECT_EQ("ui4", v.GetType());
-    EXPECT_EQ("4000000000", v.ToString());
-    v.SetUI8(18000000000000000000ULL);
-    EXPECT_EQ("ui8", v.GetType());
-    EXPECT_EQ("18000000000000000000", v.ToString());
-    v.SetR4(0.25f);
-    EXPECT_EQ("r4", v.GetType());
-    EXPECT_EQ(0.25f, v.GetR4());
-    v.SetR8(2.5);
-    EXPECT_EQ("r8", v.GetType());
-    EXPECT_EQ(2.5, v.GetR8());
-    v.SetYear(1999);
-    EXPECT_EQ("year", v.GetType());
-    EXPECT_EQ("1999", v.ToString());
-    v.SetMonth(3);
-    EXPECT_EQ("month", v.GetType());
-    EXPECT_EQ("--03", v.ToString());
-    v.SetDay(7);
-    EXPECT_EQ("day", v.GetType());
-    EXPECT_EQ("---07", v.ToString());
-    v.SetChar('q');
-    EXPECT_EQ("char", v.GetType());
-    EXPECT_EQ("q", v.ToString());
-    v.SetBoolean(true);
-    EXPECT_EQ("boolean", v.GetType());
-    EXPECT_EQ("true", v.ToString());
-    v.SetString("text");
-    EXPECT_EQ("string", v.GetType());
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.set(v);
+        EXPECT_EQ(c.type, v.GetItemType());
+        EXPECT_EQ(c.name, v.GetType());
+        EXPECT_EQ(c.text, v.ToString(nullptr));
+    }
     EXPECT_EQ("text", v.GetString());
-    EXPECT_EQ("text", v.ToString());
     v.SetInvalid();
     EXPECT_FALSE(v.IsValid());
     EXPECT_EQ("", v.GetString());
@@ -161,28 +143,18 @@ TEST(VariantTest, MoveTakesTheValueOver)
     EXPECT_EQ(9, target.GetI2());
 }
 
-TEST(VariantObjectTest, NullObjectIsValid)
+TEST(VariantObjectTest, NullObjectIsValidAndHasNoTextForm)
 {
     NxVariant v;
     v.SetXmlObject(nullptr);
     EXPECT_TRUE(v.IsValid());
-    EXPECT_EQ(ItemTypeXmlObject, v.GetItemType());
+    EXPECT_EQ(ItemTypeXmlObject, NxVariant(v).GetItemType());
     EXPECT_EQ(nullptr, static_cast<CXmlObjectBase*>(v.GetXmlObject()));
-    NxVariant copy(v);
-    EXPECT_EQ(ItemTypeXmlObject, copy.GetItemType());
-
-    v.SetXmlCollection(nullptr);
-    EXPECT_EQ(ItemTypeXmlCollection, v.GetItemType());
-    EXPECT_TRUE(v.IsValid());
-}
-
-TEST(VariantObjectTest, ObjectAndCollectionHaveNoTextForm)
-{
-    NxVariant v;
-    v.SetXmlObject(nullptr);
     ExpectFailure<CNxException>([&] { v.GetType(); }, "Invalid Type 27");
     ExpectFailure<CNxException>([&] { v.ToString(nullptr); }, "Invalid Type 27 to convert to string");
     v.SetXmlCollection(nullptr);
+    EXPECT_EQ(ItemTypeXmlCollection, v.GetItemType());
+    EXPECT_TRUE(v.IsValid());
     ExpectFailure<CNxException>([&] { v.GetType(); }, "Invalid Type 28");
     ExpectFailure<CNxException>([&] { v.ToString(nullptr); }, "Invalid Type 28 to convert to string");
 }
