@@ -1,7 +1,7 @@
 // One untyped attribute.
 #include "NxUntyped.h"
 
-#include "document/TextArgument.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 

@@ -3,7 +3,7 @@
 
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
-#include "document/TextArgument.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 

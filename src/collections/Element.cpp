@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "NxXmlObjectHelper.h"
-#include "document/TextArgument.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 

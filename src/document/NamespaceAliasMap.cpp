@@ -6,7 +6,7 @@
 
 #include "NxException.h"
 #include "NxFoundation.h"
-#include "document/TextArgument.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 

@@ -4,7 +4,7 @@
 
 #include "NxUntyped.h"
 #include "NxException.h"
-#include "document/TextArgument.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 

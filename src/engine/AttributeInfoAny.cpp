@@ -5,14 +5,11 @@
 #include "NxGeneratedClass.h"
 #include "NxUntyped.h"
 #include "NxXmlDocument.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9Data {
 
 using namespace NxXmlLib9;
-
-namespace {
-const char* OrEmpty(const char* text) { return text ? text : ""; }
-} // namespace
 
 CAttributeInfoAny::CAttributeInfoAny(const char* name, const char* attributeNamespace, int propertyIndex,
                                      bool optional, const char* namespaceSpecification,

@@ -6,14 +6,11 @@
 #include "NxGeneratedClass.h"
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9Data {
 
 using namespace NxXmlLib9;
-
-namespace {
-const char* OrEmpty(const char* text) { return text ? text : ""; }
-} // namespace
 
 CElementInfo::CElementInfo(const char* name, const char* elementNamespace, int propertyIndex)
     : m_name(OrEmpty(name)),

@@ -15,8 +15,8 @@ using namespace ElementInfoShared;
 CElementInfoAllUntpdMnd::CElementInfoAllUntpdMnd(const char* name, const char* elementNamespace, int propertyIndex,
                                                  const char* namespaceSpecification, const char* targetNamespace)
     : CElementInfoAll(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(TextOrEmpty(namespaceSpecification)),
-      m_targetNamespace(TextOrEmpty(targetNamespace))
+      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
+      m_targetNamespace(OrEmpty(targetNamespace))
 {
 }
 
@@ -48,8 +48,8 @@ bool CElementInfoAllUntpdMnd::Validate(const CXmlSerializationContext&, const CX
 CElementInfoAllUntpdOpt::CElementInfoAllUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
                                                  const char* namespaceSpecification, const char* targetNamespace)
     : CElementInfoAll(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(TextOrEmpty(namespaceSpecification)),
-      m_targetNamespace(TextOrEmpty(targetNamespace))
+      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
+      m_targetNamespace(OrEmpty(targetNamespace))
 {
 }
 

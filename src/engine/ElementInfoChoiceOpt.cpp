@@ -142,8 +142,8 @@ CElementInfoChoiceUntpdOpt::CElementInfoChoiceUntpdOpt(const char* name, const c
                                                        int propertyIndex, const char* namespaceSpecification,
                                                        const char* targetNamespace)
     : CElementInfoChoice(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(TextOrEmpty(namespaceSpecification)),
-      m_targetNamespace(TextOrEmpty(targetNamespace))
+      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
+      m_targetNamespace(OrEmpty(targetNamespace))
 {
 }
 

@@ -15,8 +15,8 @@ using namespace ElementInfoShared;
 CElementInfoSeqUntpdMnd::CElementInfoSeqUntpdMnd(const char* name, const char* elementNamespace, int propertyIndex,
                                                  const char* namespaceSpecification, const char* targetNamespace)
     : CElementInfoSeq(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(TextOrEmpty(namespaceSpecification)),
-      m_targetNamespace(TextOrEmpty(targetNamespace))
+      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
+      m_targetNamespace(OrEmpty(targetNamespace))
 {
 }
 
@@ -50,8 +50,8 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(const CXmlSerializationContext& con
 CElementInfoSeqUntpdOpt::CElementInfoSeqUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
                                                  const char* namespaceSpecification, const char* targetNamespace)
     : CElementInfoSeq(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(TextOrEmpty(namespaceSpecification)),
-      m_targetNamespace(TextOrEmpty(targetNamespace))
+      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
+      m_targetNamespace(OrEmpty(targetNamespace))
 {
 }
 

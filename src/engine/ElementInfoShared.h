@@ -4,6 +4,8 @@
 // they answer when their element is not there, and that stays in the record.
 #pragma once
 
+#include "foundation/TextArgument.h"
+
 #include <string>
 
 #include "NxCollectionBase.h"
@@ -25,11 +27,6 @@ using NxXmlLib9::CXmlGeneratedClass;
 using NxXmlLib9::CXmlObjectBase;
 using NxXmlLib9::CXmlSerializationContext;
 using NxXmlLib9::CXmlWriter;
-
-inline const char* TextOrEmpty(const char* text)
-{
-    return text ? text : "";
-}
 
 // The record name that stands for xs:any.
 inline const char* const kAnyElement = "AnyElement";

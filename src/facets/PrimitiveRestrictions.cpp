@@ -1,26 +1,21 @@
 #include "NxPrimitiveRestrictions.h"
 
-namespace NxXmlLib9 {
+#include "foundation/TextArgument.h"
 
-namespace {
-std::string TextOrEmpty(const char* text)
-{
-    return text ? std::string(text) : std::string();
-}
-} // namespace
+namespace NxXmlLib9 {
 
 CPrimitiveRestrictions::CPrimitiveRestrictions() : MinLength(-1), MaxLength(-1), Length(-1) {}
 
 CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength,
                                                const char* minInclusive, const char* maxInclusive,
                                                const char* minExclusive, const char* maxExclusive, int length)
-    : Pattern(TextOrEmpty(pattern)),
+    : Pattern(TextArgument(pattern)),
       MinLength(minLength),
       MaxLength(maxLength),
-      MinInclusive(TextOrEmpty(minInclusive)),
-      MaxInclusive(TextOrEmpty(maxInclusive)),
-      MinExclusive(TextOrEmpty(minExclusive)),
-      MaxExclusive(TextOrEmpty(maxExclusive)),
+      MinInclusive(TextArgument(minInclusive)),
+      MaxInclusive(TextArgument(maxInclusive)),
+      MinExclusive(TextArgument(minExclusive)),
+      MaxExclusive(TextArgument(maxExclusive)),
       Length(length)
 {
 }
