@@ -15,8 +15,6 @@ namespace {
 const char* const kMandatory[] = {"<Age>1</Age>", "<Home><Street xmlns=\"\">s</Street></Home>", "<Mood>red</Mood>",
                                   "<Bio/>"};
 
-CSmartPtr<CXmlObjectBase> MakeContact(int, const char*) { return new Contact(); }
-
 } // namespace
 
 TEST(AllRecords, AMissingMandatoryMemberOfEachKindIsReportedWhateverTheContextSays)

@@ -16,19 +16,12 @@ const std::string kMinimal = "<Person id=\"1\" xmlns:xsi=\"http://www.w3.org/200
                              "<Address><Street>S</Street></Address><Email>e</Email><Shape/><Colour>red</Colour><x/>"
                              "</Person>";
 
-std::string Replace(std::string text, const std::string& what, const std::string& with)
-{
-    return text.replace(text.find(what), what.size(), with);
-}
-
 CSmartPtr<Person> Read(const std::string& xml, const CXmlSerializationContext& context = Default())
 {
     CSmartPtr<Person> p(new Person());
     p->FromXml(xml.c_str(), context);
     return p;
 }
-
-CSmartPtr<CXmlObjectBase> MakeContact(int, const char*) { return new Contact(); }
 
 } // namespace
 

@@ -2,6 +2,7 @@
 // cases that the realistic classes of RoundTripClasses.h do not reach: its
 // properties are variants kept by number, and Init clears them and runs the
 // test's hook, which puts mandatory children and collections in place.
+// Beside it, the small helpers that the engine tests share.
 #pragma once
 
 #include <functional>
@@ -95,15 +96,22 @@ private:
 };
 
 // The full message of the failure a call raises, "(no failure)" when there
-// is none.
+// is none; a failure that is not a validation failure is marked.
 template <class Call> std::string FailureOf(Call call)
 {
     try {
         call();
-    } catch (const CNxException& failure) {
+    } catch (const CNxValidationException& failure) {
         return failure.GetFullMessage();
+    } catch (const CNxException& failure) {
+        return "(not a validation failure) " + failure.GetFullMessage();
     }
     return "(no failure)";
+}
+
+inline std::string Replace(std::string text, const std::string& what, const std::string& with)
+{
+    return text.replace(text.find(what), what.size(), with);
 }
 
 // A parsed document and its first child element, for entering a walk or a
@@ -114,6 +122,9 @@ struct Doc {
     CXmlElement* First() const { return Root()->GetFirstElement(); }
     CXmlDocument document;
 };
+
+// A factory by number of pseudo children.
+inline CSmartPtr<CXmlObjectBase> MakeContact(int, const char*) { return new Contact(); }
 
 inline const CXmlSerializationContext& Default() { return CXmlSerializationContext::m_defaultContext; }
 
