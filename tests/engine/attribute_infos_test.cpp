@@ -1,162 +1,152 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <typeinfo>
+
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
-#include "WalkTestEntries.h"
+#include "TableClass.h"
 
-using namespace NxXmlLib9;
-using namespace NxXmlLib9Data;
-using namespace NxWalkTest;
+using namespace NxRoundTrip;
 
 namespace {
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
-enum { PLang = 10, PHue, PCount, PAny, PRequired };
+enum { PLang, PHue, PCount, PAny };
 
 CAttributeInfoPrimitive* Lang(bool optional, const char* defaultValue, const char* ns = "")
 {
-    return new CAttributeInfoPrimitive("lang", ns, optional ? PLang : PRequired, optional, ItemTypeString, nullptr,
-                                       CWhitespaceUtils::WhitespaceRuleCollapse, CPrimitiveRestrictions(),
+    return new CAttributeInfoPrimitive("lang", ns, PLang, optional, ItemTypeString, nullptr, kCollapse, kNoFacets,
                                        defaultValue);
 }
 
-CAttributeInfoEnum* Colour(const char* ns = "")
+CAttributeInfoEnum* Colour(const char* ns = "", bool optional = true)
 {
-    return new CAttributeInfoEnum("colour", ns, PHue, true, &ColourText, &ColourNumber, "red");
+    return new CAttributeInfoEnum("colour", ns, PHue, optional, &ColourToText, &ColourFromText,
+                                  optional ? "red" : nullptr);
 }
 
 // An element with only the given attribute records; unknown attributes are
-// refused.
-CSmartPtr<WalkObject> Holder(std::initializer_list<CAttributeInfo*> attributes, bool withAny = false)
+// refused. The wildcard's property holds an attribute collection.
+CSmartPtr<TableClass> Holder(std::initializer_list<CAttributeInfo*> attributes)
 {
-    auto tables = std::make_shared<WalkTables>(XmlElementGroupType_Sequence, XmlElementType_Element, "H", "", -1,
-                                               true);
+    auto table = std::make_shared<Table>(XmlElementGroupType_Sequence);
     for (CAttributeInfo* attribute : attributes)
-        tables->Attribute(attribute);
-    if (withAny)
-        tables->Attribute(new CAttributeInfoAny("any", "", PAny, true, "##other", "urn:own", nullptr));
-    CSmartPtr<WalkObject> holder(new WalkObject(tables, "h"));
-    holder->onInit = [](WalkObject& self) {
-        self.props[PAny].SetXmlCollection(new CAttributeCol("", "##any", ""));
-    };
-    holder->Init();
-    return holder;
+        table->Add(attribute);
+    return new TableClass(table, "h",
+                          [](TableClass& self) { self.props[PAny].SetXmlCollection(new CAttributeCol("", "##any", "")); });
 }
 
-CXmlSerializationContext NoDefaults()
-{
-    CXmlSerializationContext context;
-    context.SetNoOptionalAttributeDefaultOutput(true);
-    return context;
-}
+const CXmlSerializationContext kTerse = With(&CXmlSerializationContext::SetNoOptionalAttributeDefaultOutput);
 
 } // namespace
 
-TEST(AttributeInfoPrimitive, UnsetOptionalIsLeftOutAndDefaultsAreSuppressedOnlyWhenAsked)
+TEST(AttributeInfoPrimitive, DefaultsAreLeftOutOnlyWhenAskedAndNeverForRequiredOrEmptyDefaults)
 {
-    CSmartPtr<WalkObject> holder = Holder({Lang(true, "en")});
-    EXPECT_EQ(holder->ToXml(false, false), "<h/>");
-    holder->props[PLang].SetString("en");
-    EXPECT_EQ(holder->ToXml(false, false), "<h lang=\"en\"/>");
-    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h/>");
-    holder->props[PLang].SetString("EN");
-    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h lang=\"EN\"/>");
-}
-
-TEST(AttributeInfoPrimitive, EmptyDefaultIsNoDefaultAndRequiredAttributesAreAlwaysWritten)
-{
-    CSmartPtr<WalkObject> empty = Holder({Lang(true, "")});
-    empty->props[PLang].SetString("");
-    EXPECT_EQ(empty->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h lang=\"\"/>");
-
-    CSmartPtr<WalkObject> required = Holder({Lang(false, "en")});
-    required->props[PRequired].SetString("en");
-    EXPECT_EQ(required->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h lang=\"en\"/>");
+    struct Case {
+        bool optional;
+        const char* defaultValue;
+        const char* value; // null: unset
+        const char* plain;
+        const char* terse;
+    };
+    const Case cases[] = {
+        {true, "en", nullptr, "<h/>", "<h/>"},
+        {true, "en", "en", "<h lang=\"en\"/>", "<h/>"},
+        {true, "en", "EN", "<h lang=\"EN\"/>", "<h lang=\"EN\"/>"},
+        {true, "", "", "<h lang=\"\"/>", "<h lang=\"\"/>"},
+        {false, "en", "en", "<h lang=\"en\"/>", "<h lang=\"en\"/>"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.plain);
+        CSmartPtr<TableClass> holder = Holder({Lang(c.optional, c.defaultValue)});
+        if (c.value)
+            holder->props[PLang].SetString(c.value);
+        EXPECT_EQ(holder->ToXml(false, false), c.plain);
+        EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, kTerse), c.terse);
+    }
 }
 
 TEST(AttributeInfoPrimitive, FacetsAreCheckedOnWrittenValuesOnly)
 {
-    CPrimitiveRestrictions upTo;
-    upTo.MaxInclusive = "10";
-    CSmartPtr<WalkObject> holder = Holder({new CAttributeInfoPrimitive(
-        "count", "", PCount, true, ItemTypeI4, nullptr, CWhitespaceUtils::WhitespaceRuleCollapse, upTo, "20")});
+    CSmartPtr<TableClass> holder = Holder({new CAttributeInfoPrimitive(
+        "count", "", PCount, true, ItemTypeI4, nullptr, kCollapse,
+        CPrimitiveRestrictions(nullptr, -1, -1, nullptr, "10", nullptr, nullptr, -1), "20")});
     holder->props[PCount].SetI4(20);
     // Left out as the default, so not checked.
-    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h/>");
-    EXPECT_EQ(FailureOf([&] { holder->ToXml(false, false); }), "Failed to convert the element [h] to XML\n"
-                                                               "Failed to convert attributes to XML\n"
-                                                               "Invalid Value for count [20]");
+    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, kTerse), "<h/>");
+    try {
+        holder->ToXml(false, false);
+        ADD_FAILURE() << "no failure";
+    } catch (const CNxValidationException& failure) {
+        EXPECT_EQ(failure.GetFullMessage(), "Failed to convert the element [h] to XML\n"
+                                            "Failed to convert attributes to XML\n"
+                                            "Invalid Value for count [20]");
+        // The layer of the attributes is a plain failure.
+        ASSERT_NE(failure.GetInnerException(), nullptr);
+        EXPECT_EQ(typeid(*failure.GetInnerException()), typeid(CNxException));
+    }
     // Reading checks no facets.
     holder->FromXml("<h count=\"30\"/>");
     EXPECT_EQ(holder->Text(PCount), "30");
 }
 
-TEST(AttributeInfoEnum, WritesTheTextOfTheNumberWithDefaultSuppression)
+TEST(AttributeInfoEnum, WritesTheTextOfTheNumberAndReadsItBack)
 {
-    CSmartPtr<WalkObject> holder = Holder({Colour()});
+    CSmartPtr<TableClass> holder = Holder({Colour()});
     EXPECT_EQ(holder->ToXml(false, false), "<h/>");
     holder->props[PHue].SetI4(0);
     EXPECT_EQ(holder->ToXml(false, false), "<h colour=\"red\"/>");
-    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h/>");
+    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, kTerse), "<h/>");
     holder->props[PHue].SetI4(2);
-    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, NoDefaults()), "<h colour=\"blue\"/>");
+    EXPECT_EQ(holder->ToXml(false, false, EOLTypeLF, kTerse), "<h colour=\"blue\"/>");
     holder->FromXml("<h colour=\"green\"/>");
     EXPECT_EQ(holder->Text(PHue), "1");
-    EXPECT_EQ(FailureOf([&] { holder->FromXml("<h colour=\"pink\"/>"); }), "Failed to process the element [h]\n"
-                                                                          "Unknown colour [pink]");
+    EXPECT_EQ(FailureOf([&] { holder->FromXml("<h colour=\"pink\"/>"); }),
+              "Failed to process the element [h]\n[pink] is not a colour");
 }
 
 TEST(AttributeInfos, IgnoringNamespacesReachesEnumerationsButNotPrimitives)
 {
-    CSmartPtr<WalkObject> holder = Holder({Lang(true, nullptr, "urn:a"), Colour("urn:a")});
+    CSmartPtr<TableClass> holder = Holder({Lang(true, nullptr, "urn:a"), Colour("urn:a")});
     const char* foreign = "<h xmlns:f=\"urn:f\" f:colour=\"blue\"/>";
     EXPECT_EQ(FailureOf([&] { holder->FromXml(foreign); }), "Failed to process the element [h]\n"
                                                             "Unexpected Attribute [colour] found.");
-    CXmlSerializationContext context;
-    context.SetIgnoreNamespaces(true);
-    holder->FromXml(foreign, context);
+    const CXmlSerializationContext ignoring = With(&CXmlSerializationContext::SetIgnoreNamespaces);
+    holder->FromXml(foreign, ignoring);
     EXPECT_EQ(holder->Text(PHue), "2");
-    EXPECT_EQ(FailureOf([&] { holder->FromXml("<h xmlns:f=\"urn:f\" f:lang=\"de\"/>", context); }),
+    EXPECT_EQ(FailureOf([&] { holder->FromXml("<h xmlns:f=\"urn:f\" f:lang=\"de\"/>", ignoring); }),
               "Failed to process the element [h]\n"
               "Unexpected Attribute [lang] found.");
-    holder->FromXml("<h xmlns:a=\"urn:a\" a:lang=\"de\"/>", context);
+    holder->FromXml("<h xmlns:a=\"urn:a\" a:lang=\"de\"/>", ignoring);
     EXPECT_EQ(holder->Text(PLang), "de");
 }
 
-TEST(AttributeInfos, RequiredAttributeMissingFails)
+TEST(AttributeInfos, ARequiredAttributeIsRequiredUnderEveryOption)
 {
-    CSmartPtr<WalkObject> holder = Holder({Lang(false, "en")});
-    EXPECT_EQ(FailureOf([&] { holder->FromXml("<h/>"); }), "Failed to process the element [h]\n"
-                                                           "Failed to find the required Attribute [lang]");
-    auto* required = new CAttributeInfoEnum("colour", "", PHue, false, &ColourText, &ColourNumber, nullptr);
-    CSmartPtr<WalkObject> other = Holder({required});
-    ExpectFailure<CNxValidationException>([&] { required->Validate(CXmlSerializationContext::m_defaultContext, false); },
+    CXmlSerializationContext lenient;
+    lenient.SetIgnoreUnknownAttributes(true);
+    lenient.SetIgnoreUnknownElements(true);
+    lenient.SetIgnoreNamespaces(true);
+    lenient.SetIgnoreMissingChoice(true);
+    const CXmlSerializationContext* contexts[] = {&Default(), &lenient};
+    for (const CXmlSerializationContext* context : contexts) {
+        CSmartPtr<TableClass> holder = Holder({Lang(false, "en")});
+        EXPECT_EQ(FailureOf([&] { holder->FromXml("<h/>", *context); }),
+                  "Failed to process the element [h]\nFailed to find the required Attribute [lang]");
+    }
+    std::unique_ptr<CAttributeInfoEnum> required(Colour("", false));
+    ExpectFailure<CNxValidationException>([&] { required->Validate(Default(), false); },
                                           "Failed to find the required Attribute [colour]");
-    required->Validate(CXmlSerializationContext::m_defaultContext, true);
+    required->Validate(Default(), true);
 }
 
-TEST(AttributeInfoAny, TakesEveryAllowedAttributeInDocumentOrderAndWritesThemBack)
+TEST(AttributeInfoAny, ARefusedNamespaceFailsWhateverTheContextSays)
 {
-    CSmartPtr<WalkObject> holder = Holder({Lang(true, nullptr)}, true);
-    holder->FromXml("<h xmlns:p=\"urn:p\" p:z=\"1\" lang=\"de\" p:a=\"2\"/>");
-    EXPECT_EQ(holder->Text(PLang), "de");
-    CSmartPtr<CAttributeCol> any = dynamic_cast<CAttributeCol*>(
-        static_cast<CXmlCollectionBase*>(holder->props[PAny].GetXmlCollection()));
-    ASSERT_EQ(any->GetCount(), 2);
-    EXPECT_EQ(any->Item(0)->GetName() + any->Item(1)->GetName(), "za");
-    EXPECT_EQ(holder->ToXml(false, false), "<h lang=\"de\" xmlns:AA=\"urn:p\" AA:z=\"1\" AA:a=\"2\"/>");
-}
-
-TEST(AttributeInfoAny, RefusedNamespaceFailsWhateverTheContextSays)
-{
-    CSmartPtr<WalkObject> holder = Holder({}, true);
-    CXmlSerializationContext context;
-    context.SetIgnoreUnknownAttributes(true);
+    CSmartPtr<Profile> profile(new Profile());
     try {
-        holder->FromXml("<h xmlns:o=\"urn:own\" o:z=\"1\"/>", context);
+        profile->FromXml("<r:Profile xmlns:r=\"urn:rt\" r:own=\"1\"><r:Age>1</r:Age><r:Mood>red</r:Mood>"
+                         "<r:Home><Street>s</Street></r:Home><r:Bio/></r:Profile>",
+                         With(&CXmlSerializationContext::SetIgnoreUnknownAttributes));
         ADD_FAILURE() << "no failure";
     } catch (const CNxValidationException& failure) {
         ASSERT_NE(failure.GetInnerException(), nullptr);
@@ -166,10 +156,10 @@ TEST(AttributeInfoAny, RefusedNamespaceFailsWhateverTheContextSays)
 
 TEST(AttributeInfoAny, APropertyThatIsNotAnAttributeCollectionFails)
 {
-    CSmartPtr<WalkObject> holder = Holder({}, true);
-    holder->props[PAny].SetXmlCollection(new TextList("p", "", 0, -1));
-    holder->initial = holder->props;
-    holder->onInit = nullptr;
+    auto table = std::make_shared<Table>(XmlElementGroupType_Sequence);
+    table->Add(new CAttributeInfoAny("any", "", PAny, true, "##other", "urn:own", nullptr));
+    CSmartPtr<TableClass> holder(new TableClass(
+        table, "h", [](TableClass& self) { self.props[PAny].SetXmlCollection(NewStringCol("p", 0, -1)); }));
     EXPECT_EQ(FailureOf([&] { holder->FromXml("<h xmlns:p=\"urn:p\" p:z=\"1\"/>"); }),
               "Failed to process the element [h]\n"
               "Serialization Data Error : The collection should be a CAttributeCol, it was not!");
@@ -177,13 +167,8 @@ TEST(AttributeInfoAny, APropertyThatIsNotAnAttributeCollectionFails)
 
 TEST(AttributeInfoAny, AWildcardAheadOfOtherRecordsSwallowsTheirAttributes)
 {
-    auto tables = std::make_shared<WalkTables>(XmlElementGroupType_Sequence, XmlElementType_Element, "H", "", -1,
-                                               true);
-    tables->Attribute(new CAttributeInfoAny("any", "", PAny, true, "##any", "", nullptr)).Attribute(Lang(true, nullptr));
-    CSmartPtr<WalkObject> holder(new WalkObject(tables, "h"));
-    holder->onInit = [](WalkObject& self) {
-        self.props[PAny].SetXmlCollection(new CAttributeCol("", "##any", ""));
-    };
+    CSmartPtr<TableClass> holder =
+        Holder({new CAttributeInfoAny("any", "", PAny, true, "##any", "", nullptr), Lang(true, nullptr)});
     holder->FromXml("<h lang=\"de\"/>");
     EXPECT_EQ(holder->Text(PLang), "-");
     EXPECT_EQ(holder->props[PAny].GetXmlCollection()->GetCount(), 1);

@@ -2,32 +2,12 @@
 // records to change what is written or read.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "NxXmlLib9.h"
-#include "RoundTripClasses.h"
+#include "TableClass.h"
 
 using namespace NxRoundTrip;
 
 namespace {
-
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
-// The full message of the failure, "(no failure)" when there is none; a
-// failure that is not a validation failure is marked.
-std::string FailureOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const CNxValidationException& failure) {
-        return failure.GetFullMessage();
-    } catch (const CNxException& failure) {
-        return "(not a validation failure) " + failure.GetFullMessage();
-    }
-    return "(no failure)";
-}
 
 const char* const kMinimal = "<Person id=\"1\"><Name>Bo</Name><Address><Street>S</Street></Address>"
                              "<Email>e</Email><Shape/><Colour>red</Colour><x/></Person>";
@@ -37,12 +17,6 @@ CSmartPtr<Person> Read(const std::string& xml, const CXmlSerializationContext& c
     CSmartPtr<Person> p(new Person());
     p->FromXml(xml.c_str(), context);
     return p;
-}
-
-std::string Replace(std::string text, const std::string& what, const std::string& with)
-{
-    text.replace(text.find(what), what.size(), with);
-    return text;
 }
 
 } // namespace

@@ -3,17 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
-#include "RoundTripClasses.h"
+#include "TableClass.h"
 
 using namespace NxRoundTrip;
 
 namespace {
-
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
-const CXmlSerializationContext& Default() { return CXmlSerializationContext::m_defaultContext; }
 
 // Writes the object with format off and on, reads each text into a new
 // object, and expects equal fields and an equal second text.
