@@ -8,8 +8,11 @@
 
 #include "NxTextStream.h"
 #include "NxXmlWriter.h"
+#include "NxBinaryStream.h"
+#include "NxZip.h"
 
 #include "NxFastInfosetContext.h"
+#include "NxFastInfosetBinaryData.h"
 #include "NxSerializationContext.h"
 #include "NxXmlDocument.h"
 #include "NxExpatReader.h"

@@ -6,11 +6,14 @@
 
 #include <string>
 
+#include "NxBinaryData.h"
 #include "NxException.h"
+#include "NxFastInfosetContext.h"
 #include "NxFoundation.h"
 #include "NxSerializationContext.h"
 #include "NxSmartPtr.h"
 #include "NxXmlWriter.h"
+#include "NxZip.h"
 
 namespace NxXmlLib9Data {
 class CElementInfo;
@@ -22,12 +25,15 @@ namespace NxXmlLib9 {
 class CXmlObjectBase;
 class CXmlCollectionBase;
 class CXmlElement;
-class CBinaryData;
 class CElement;
 
 // Generated code calls this before its first object is made; every public
 // entry refuses to work unless the generator's version is the runtime's.
 void RegisterGeneratorVersion(int major, int minor);
+
+// When set, ToXmlFile without compression writes through a file text stream
+// as the text is produced instead of building the document in memory first.
+void AsyncToXmlFile(bool asyncToXmlFile);
 
 class IEventSink {
 public:
@@ -60,11 +66,37 @@ public:
     void OnEvent(CXmlObjectBase* source, IEventSink::MsgType type, void* data) override;
     CXmlObjectBase* GetBase() override = 0;
 
+    // The virtual entries keep the slot order that generated code was built
+    // against: the two file writers come before ToXml.
+
+    // Encoded XML text saved to a file. The document is made in memory and
+    // the file touched only once the walk has succeeded. zlib is refused.
+    virtual void ToXmlFile(const char* fileName, bool includeDocHeader = true, bool format = true,
+                           XmlEncoding encoding = XmlEncodingUTF8, EOLType eol = EOLTypeLF,
+                           const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext,
+                           CompressionType compression = CompressionTypeNone) const;
+    // A binary document saved to a file, always in one piece. zlib is refused.
+    virtual void ToFastInfosetFile(const char* fileName, FInfoDecl declaration = FInfoDeclNone,
+                                   const CXmlSerializationContext& context =
+                                       CXmlSerializationContext::m_defaultContext,
+                                   CompressionType compression = CompressionTypeNone) const;
+
     // XML text of the object, written in memory. The stream has no encoding
     // of its own, so the declaration names none.
     virtual std::string ToXml(bool includeDocHeader = true, bool format = true, EOLType eol = EOLTypeLF,
                               const CXmlSerializationContext& context =
                                   CXmlSerializationContext::m_defaultContext) const;
+    // XML text in the given encoding, compressed if asked.
+    virtual CBinaryData ToXmlStream(bool includeDocHeader = true, bool format = true,
+                                    XmlEncoding encoding = XmlEncodingUTF8, EOLType eol = EOLTypeLF,
+                                    const CXmlSerializationContext& context =
+                                        CXmlSerializationContext::m_defaultContext,
+                                    CompressionType compression = CompressionTypeNone) const;
+    // The binary document in memory, compressed if asked.
+    virtual CBinaryData ToFastInfosetStream(FInfoDecl declaration = FInfoDeclNone,
+                                            const CXmlSerializationContext& context =
+                                                CXmlSerializationContext::m_defaultContext,
+                                            CompressionType compression = CompressionTypeNone) const;
 
     // Fill the object from XML: each entry loads a document of its own,
     // which dies with the call, and reads the object from its root element,
