@@ -115,8 +115,9 @@ void CNxZip::CompressData(CBinaryData& data, CompressionType type)
     std::unique_ptr<unsigned char[]> bytes(data.ReleaseData());
     unsigned char* raw = bytes.get();
     Compress(&raw, &length, type);
-    if (raw != bytes.get())
-        bytes.release();
+    // Compress has either freed the array and handed over a new one, or
+    // left it as it was: both ways raw is the one to keep.
+    bytes.release();
     data = CBinaryData(raw, length, true);
 }
 
