@@ -53,6 +53,23 @@ int InitDeflate(z_stream& stream, CompressionType type)
     return deflateInit_(&stream, 1, ZLIB_VERSION, static_cast<int>(sizeof(z_stream)));
 }
 
+// A gzip stream ends in its inflated size (modulo 4 GB), which lets the
+// output buffer be sized once instead of growing and copying on the way. It
+// is only a hint: damaged or multi-member input may claim anything, so a
+// claim beyond what deflate can expand to (1032 to 1) is ignored, and the
+// buffer still grows when the data runs past it.
+unsigned long InflatedSizeHint(const unsigned char* data, unsigned long length)
+{
+    const unsigned long gzipMinimum = 18;
+    if (length < gzipMinimum || data[0] != 0x1F || data[1] != 0x8B)
+        return 0;
+    const unsigned char* trailer = data + length - 4;
+    const unsigned long size = static_cast<unsigned long>(trailer[0]) | static_cast<unsigned long>(trailer[1]) << 8 |
+                               static_cast<unsigned long>(trailer[2]) << 16 |
+                               static_cast<unsigned long>(trailer[3]) << 24;
+    return size / 1032 <= length ? size : 0;
+}
+
 [[noreturn]] void ThrowCompressFailure(int code)
 {
     throw CNxException(FormatString("Failed to compress data. [Error Code: %d]", code));
@@ -127,6 +144,8 @@ void CNxZip::Decompress(unsigned char** data, unsigned long* length)
         return;
     std::unique_ptr<unsigned char[]> chunk(new unsigned char[kInflateChunk]);
     CBinaryData inflated;
+    if (const unsigned long hint = InflatedSizeHint(*data, *length))
+        inflated.Reserve(hint);
     z_stream stream{};
     stream.next_in = *data;
     unsigned long inputRest = *length;
