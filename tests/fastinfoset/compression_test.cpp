@@ -158,6 +158,16 @@ TEST(NxZip, EmptyCompressedDocumentGivesAnEmptyButValidBuffer)
     EXPECT_EQ(length, 0u);
     EXPECT_NE(buffer, nullptr);
     delete[] buffer;
+
+    // The parser then meets an empty document.
+    CXmlDocument document;
+    ExpectFailure<CNxException>(
+        [&] {
+            document.LoadXmlStream(reinterpret_cast<unsigned char*>(const_cast<char*>(emptyGzip.data())),
+                                   static_cast<unsigned long>(emptyGzip.size()));
+        },
+        "no element found at line 1");
+    EXPECT_EQ(document.GetInputSize(), 0u);
 }
 
 TEST(NxZip, DocumentsInflateFileAndStreamInputButHandDamagedInputToTheTextParser)
