@@ -11,6 +11,7 @@
 using namespace NxXmlLib9;
 using NxTest::BytesOf;
 using NxTest::DataOf;
+using NxTest::InflatedBytes;
 using NxTest::Person;
 using NxTest::ReadFileBytes;
 using NxTest::TempPath;
@@ -66,17 +67,6 @@ std::string StreamOf(const CXmlObjectBase& object, XmlEncoding encoding,
                                       compression));
 }
 
-std::string Inflate(const std::string& bytes)
-{
-    unsigned long length = static_cast<unsigned long>(bytes.size());
-    unsigned char* buffer = new unsigned char[length];
-    std::copy(bytes.begin(), bytes.end(), buffer);
-    CNxZip::Decompress(&buffer, &length);
-    std::string result(reinterpret_cast<char*>(buffer), length);
-    delete[] buffer;
-    return result;
-}
-
 // The low bytes of 4-byte wide units, when all their other bytes are zero.
 std::string NarrowOfWide(const std::string& wide)
 {
@@ -127,9 +117,10 @@ TEST(StreamEntries, TextRoundTripsThroughEveryEncodingAndCompression)
             if (compression != CompressionTypeNone) {
                 EXPECT_EQ(static_cast<unsigned char>(bytes[0]), magic[compression][0]);
                 EXPECT_EQ(static_cast<unsigned char>(bytes[1]), magic[compression][1]);
-                EXPECT_EQ(Inflate(bytes), StreamOf(*person, c.encoding));
+                EXPECT_EQ(InflatedBytes(bytes), StreamOf(*person, c.encoding));
             }
-            const std::string text = c.encoding == XmlEncodingUTF8 ? Inflate(bytes) : NarrowOfWide(Inflate(bytes));
+            const std::string inflated = InflatedBytes(bytes);
+            const std::string text = c.encoding == XmlEncodingUTF8 ? inflated : NarrowOfWide(inflated);
             EXPECT_EQ(text.rfind(c.declaration, 0), 0u) << text;
             EXPECT_EQ(text.substr(text.find("<AA:Person")), plain.substr(plain.find("<AA:Person")));
 
@@ -240,7 +231,8 @@ TEST(StreamEntries, AFailedWalkLeavesAnExistingFileAsItWas)
         CompressionType compression;
         XmlEncoding encoding;
     };
-    for (const Case& c : {Case{false, CompressionTypeNone, XmlEncodingUTF8}, Case{false, CompressionTypeGZip, XmlEncodingUTF16},
+    for (const Case& c : {Case{false, CompressionTypeNone, XmlEncodingUTF8},
+                          Case{false, CompressionTypeGZip, XmlEncodingUTF16},
                           Case{true, CompressionTypeGZip, XmlEncodingUTF8}}) {
         SCOPED_TRACE(testing::Message() << c.async << " " << c.compression);
         AsyncScope scope(c.async);

@@ -11,6 +11,7 @@
 using namespace NxXmlLib9;
 using NxTest::BytesOf;
 using NxTest::DataOf;
+using NxTest::InflatedBytes;
 
 namespace {
 
@@ -29,22 +30,6 @@ std::string Compressed(const std::string& text, CompressionType type)
     CBinaryData data = DataOf(text);
     CNxZip::CompressData(data, type);
     return BytesOf(data);
-}
-
-// Runs Decompress on a new[] copy of the bytes; reports whether the buffer
-// was replaced and gives back what it holds afterwards.
-std::string Inflated(const std::string& bytes, bool* replaced = nullptr)
-{
-    unsigned long length = static_cast<unsigned long>(bytes.size());
-    unsigned char* buffer = new unsigned char[bytes.size()];
-    std::memcpy(buffer, bytes.data(), bytes.size());
-    unsigned char* const original = buffer;
-    CNxZip::Decompress(&buffer, &length);
-    if (replaced)
-        *replaced = buffer != original;
-    std::string result(reinterpret_cast<char*>(buffer), length);
-    delete[] buffer;
-    return result;
 }
 
 } // namespace
@@ -70,7 +55,7 @@ TEST(NxZip, CompressedOutputCarriesTheHeaderOfItsFormatAndInflatesBack)
             EXPECT_EQ(packed[2], 8) << "deflate method";
         }
         bool replaced = false;
-        EXPECT_EQ(Inflated(packed, &replaced), text);
+        EXPECT_EQ(InflatedBytes(packed, &replaced), text);
         EXPECT_TRUE(replaced);
     }
 }
@@ -141,7 +126,7 @@ TEST(NxZip, PlainCutAndDamagedInputIsHandedOnAsItCame)
     for (const std::string& input : inputs) {
         SCOPED_TRACE(input.size());
         bool replaced = true;
-        EXPECT_EQ(Inflated(input, &replaced), input);
+        EXPECT_EQ(InflatedBytes(input, &replaced), input);
         EXPECT_FALSE(replaced);
     }
 }

@@ -2,6 +2,7 @@
 // writes, and stock command-line tools run on them.
 #pragma once
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -42,6 +43,22 @@ inline NxXmlLib9::CBinaryData DataOf(const std::string& bytes)
 {
     return NxXmlLib9::CBinaryData(reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.data())),
                                   static_cast<unsigned long>(bytes.size()));
+}
+
+// Runs the library's inflation on a new[] copy of the bytes, as a document
+// does; tells whether the buffer was replaced and gives back what it holds.
+inline std::string InflatedBytes(const std::string& bytes, bool* replaced = nullptr)
+{
+    unsigned long length = static_cast<unsigned long>(bytes.size());
+    unsigned char* buffer = new unsigned char[bytes.size() ? bytes.size() : 1];
+    std::copy(bytes.begin(), bytes.end(), buffer);
+    unsigned char* const original = buffer;
+    NxXmlLib9::CNxZip::Decompress(&buffer, &length);
+    if (replaced)
+        *replaced = buffer != original;
+    std::string result(reinterpret_cast<char*>(buffer), length);
+    delete[] buffer;
+    return result;
 }
 
 inline std::string ReadFileBytes(const std::string& path)
