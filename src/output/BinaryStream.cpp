@@ -69,7 +69,9 @@ void CFileBinaryStream::ToFile()
         std::fclose(file);
         throw CNxException(FormatString("Failed to write data to the file [%s]", m_path.c_str()));
     }
-    std::fclose(file);
+    // The bytes are buffered until the close, so a full disk shows here.
+    if (std::fclose(file) != 0)
+        throw CNxException(FormatString("Failed to write data to the file [%s]", m_path.c_str()));
 }
 
 } // namespace NxXmlLib9

@@ -43,10 +43,13 @@ void CFileTextStream::Open()
 void CFileTextStream::Close()
 {
     Flush();
-    // A failed flush has closed the file already.
+    // A failed flush has closed the file already. The mark is buffered until
+    // the close, so a full disk shows here.
     if (m_file) {
-        std::fclose(m_file);
+        const int closed = std::fclose(m_file);
         m_file = nullptr;
+        if (closed != 0)
+            throw CNxException(FormatString("Failed to write data to the file [%s]", m_path.c_str()));
     }
     CTextStream::Close();
 }

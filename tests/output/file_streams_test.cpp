@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <unistd.h>
 
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
@@ -65,9 +66,12 @@ TEST(FileBinaryStream, SavesTheBytesBehindAMarkForTheWideEncodingsOnly)
                                     "Failed to write data to the file [" + path.str() + "]");
         EXPECT_EQ(ReadFileBytes(path.str()), c.prefix);
     }
-    CBinaryData data = DataOf(bytes);
-    ExpectFailure<CNxException>([&] { CFileBinaryStream(kUnwritable, XmlEncodingUTF8, data).ToFile(); },
-                                std::string("Failed to write data to the file [") + kUnwritable + "]");
+    // A path that cannot be made, and a device that takes nothing.
+    for (const char* target : {kUnwritable, "/dev/full"}) {
+        CBinaryData data = DataOf(bytes);
+        ExpectFailure<CNxException>([&] { CFileBinaryStream(target, XmlEncodingUTF8, data).ToFile(); },
+                                    std::string("Failed to write data to the file [") + target + "]");
+    }
 }
 
 TEST(BinaryStream, AppendsToASharedBufferWithoutChangingTheCallersCopy)
@@ -115,6 +119,11 @@ TEST(FileTextStream, OpensWithTheMarkClosesEmptyAndFailsOnTheFirstFlushOfText)
     CFileTextStream stream(kUnwritable, XmlEncodingUTF8);
     ExpectFailure<CNxException>([&] { stream.Open(); },
                                 std::string("Failed to write data to the file [") + kUnwritable + "]");
+    if (access("/dev/full", W_OK) == 0) {
+        CFileTextStream full("/dev/full", XmlEncodingUTF16);
+        full.Open();
+        ExpectFailure<CNxException>([&] { full.Close(); }, "Failed to write data to the file [/dev/full]");
+    }
 }
 
 TEST(FileTextStream, TheWriterFailsAtItsFirstFlushAndLeavesOnlyTheMark)
