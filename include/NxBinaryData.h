@@ -30,6 +30,9 @@ public:
         unsigned long GetLength() const { return m_nLength; }
         // Appends in place; fails when the holder is shared.
         void Append(unsigned char* data, unsigned long length);
+        // Grows the array to hold capacity bytes in all; never shrinks it.
+        // Fails when the holder is shared.
+        void Reserve(unsigned long capacity);
         // Drops one reference. keepData false: the last reference frees the
         // bytes and the holder. keepData true: the caller takes the array
         // and the holder goes; fails (and keeps the reference) when shared.
@@ -79,6 +82,9 @@ public:
     void Append(const std::string& text);
     void Append(char value);
     void Append(unsigned char value);
+    // Makes room for capacity bytes in all, so that appends up to that size
+    // neither reallocate nor copy. A shared buffer is separated first.
+    void Reserve(unsigned long capacity);
 
     void Clear();
     void SetBuffer(unsigned char* data, unsigned long length);

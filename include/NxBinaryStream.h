@@ -1,5 +1,5 @@
-// The byte sink of the binary writer, and the saving of a finished block of
-// bytes to a file.
+// The byte sink of the binary writer, the saving of a finished block of bytes
+// to a file, and the text stream that drains into a file as it fills.
 #pragma once
 
 #include <string>
@@ -46,6 +46,32 @@ public:
 private:
     std::string m_path;
     XmlEncoding m_encoding;
+};
+
+// A text stream over a file, opened by Open. It holds a buffer of encoded
+// bytes that Flush writes out, but nothing ever converts the text into that
+// buffer: the first Flush that finds text raises "Failed to write data to the
+// file" and closes the file, which then holds at most the byte order mark.
+// The writer flushes past 4095 characters and on Close, so every document
+// written through this stream ends so. It serves only the asynchronous form
+// of ToXmlFile.
+class CFileTextStream : public CTextStream {
+public:
+    CFileTextStream(const char* path, XmlEncoding encoding);
+    ~CFileTextStream() override;
+
+    // Empties the text, creates the file and, for the two wide encodings,
+    // writes the little-endian byte order mark.
+    void Open() override;
+    // Flushes, then closes the file.
+    void Close() override;
+    // Does nothing while the text is empty.
+    void Flush() override;
+
+private:
+    std::string m_path;
+    CBinaryData m_encoded;
+    FILE* m_file;
 };
 
 } // namespace NxXmlLib9

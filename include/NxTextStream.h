@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "NxBinaryData.h"
 #include "NxFoundation.h"
 
 namespace NxXmlLib9 {
@@ -89,6 +90,10 @@ public:
     XmlEncoding GetEncoding() const;
     // The buffered text, zero terminated, valid until the next change.
     const char* GetText() const;
+    // The text as bytes of the stream's encoding: UTF-8 for XmlEncodingUTF8,
+    // 4-byte wide units in native order for the two wide encodings. Any other
+    // encoding raises.
+    CBinaryData GetEncodedStream() const;
 
     void Append(char c) { m_buffer.Append(c); }
     void Append(const char* text) { m_buffer.Append(text); }

@@ -100,6 +100,10 @@ public:
     // place throws CNxInvalidNamespaceException.
     CElement(const char* name, const char* namespaceUri);
     CElement(const char* name, const char* namespaceUri, const char* restriction, const char* targetNamespace);
+    // The untyped twin of a bound object: the object is written as UTF-8
+    // text under a context with this default namespace (null for none),
+    // parsed, and its root copied. Admits any namespace.
+    CElement(CXmlObjectBase* object, const char* defaultNamespace);
     ~CElement() override;
 
     CXmlObjectBase* GetBase() override;

@@ -3,6 +3,7 @@
 
 #include "NxException.h"
 #include "NxExpatReader.h"
+#include "NxZip.h"
 
 #include <cerrno>
 #include <climits>
@@ -120,9 +121,10 @@ void CXmlDocument::Parse()
 
 void CXmlDocument::DecompressInput()
 {
-    // gzip and zlib input is to be inflated here, replacing the input
-    // buffer; until the inflater is part of the library, input passes on
-    // unchanged and compressed input fails as malformed XML text.
+    // Files and byte streams may arrive gzip or zlib compressed with nothing
+    // to say so: a complete stream replaces the input buffer, anything else
+    // is left for the parsers as it came.
+    CNxZip::Decompress(&m_inputBuffer, &m_inputSize);
 }
 
 bool CXmlDocument::ParseFastInfoset()

@@ -1,20 +1,75 @@
-// Placeholder until the stream and file entries are built.
+// The public entries that turn an object into encoded bytes or a file.
 #include "NxXmlObjectBase.h"
+
+#include "NxBinaryStream.h"
+#include "NxTextStream.h"
+#include "NxXmlWriter.h"
+#include "NxZip.h"
+#include "engine/VersionCheck.h"
 
 namespace NxXmlLib9 {
 
-void AsyncToXmlFile(bool) {}
+namespace {
 
-CBinaryData CXmlObjectBase::ToXmlStream(bool, bool, XmlEncoding, EOLType, const CXmlSerializationContext&,
-                                        CompressionType) const
+// Set once at start by the application; read only by ToXmlFile.
+bool g_asyncToXmlFile = false;
+
+// The text output shared by the entries: opens the writer on the stream,
+// sets it up, lets walk write the root and closes it.
+template <class Walk>
+void WriteDocument(CTextStream& stream, bool includeDocHeader, bool format, EOLType eol, Walk walk)
 {
-    throw CNxException("ToXmlStream is not built yet.");
+    CXmlTextWriter writer(stream);
+    writer.Open();
+    writer.SetFormat(format);
+    writer.SetEOLType(eol);
+    if (includeDocHeader)
+        writer.WriteStartDocument();
+    walk(writer);
+    writer.Close();
 }
 
-void CXmlObjectBase::ToXmlFile(const char*, bool, bool, XmlEncoding, EOLType, const CXmlSerializationContext&,
-                               CompressionType) const
+} // namespace
+
+void AsyncToXmlFile(bool asyncToXmlFile)
 {
-    throw CNxException("ToXmlFile is not built yet.");
+    g_asyncToXmlFile = asyncToXmlFile;
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool format, XmlEncoding encoding, EOLType eol,
+                                        const CXmlSerializationContext& context, CompressionType compression) const
+{
+    CheckVersion();
+    CTextStream stream(encoding);
+    WriteDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
+        ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    });
+    CBinaryData bytes = stream.GetEncodedStream();
+    if (compression != CompressionTypeNone)
+        CNxZip::CompressData(bytes, compression);
+    return bytes;
+}
+
+void CXmlObjectBase::ToXmlFile(const char* fileName, bool includeDocHeader, bool format, XmlEncoding encoding,
+                               EOLType eol, const CXmlSerializationContext& context,
+                               CompressionType compression) const
+{
+    // Refused ahead of everything else, the version check included.
+    if (compression == CompressionTypeZLib)
+        throw CNxException("ZLIB Compression only available for To Stream methods.");
+    if (!g_asyncToXmlFile || compression != CompressionTypeNone) {
+        // The whole document is made in memory first, so the file is only
+        // touched once the walk has succeeded: a failed write leaves an
+        // existing file as it was.
+        CBinaryData bytes = ToXmlStream(includeDocHeader, format, encoding, eol, context, compression);
+        CFileBinaryStream(fileName, encoding, bytes).ToFile();
+        return;
+    }
+    CheckVersion();
+    CFileTextStream stream(fileName, encoding);
+    WriteDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
+        ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    });
 }
 
 } // namespace NxXmlLib9

@@ -64,11 +64,14 @@ void CFileBinaryStream::ToFile()
     }
     // Writing nothing reports zero items as well, so an empty buffer is a
     // failure: an empty output is never what a caller meant to save.
-    if (std::fwrite(m_data.GetData(), 1, m_data.GetLength(), file) == 0) {
+    const unsigned long length = m_data.GetLength();
+    if (length == 0 || std::fwrite(m_data.GetData(), 1, length, file) == 0) {
         std::fclose(file);
         throw CNxException(FormatString("Failed to write data to the file [%s]", m_path.c_str()));
     }
-    std::fclose(file);
+    // The bytes are buffered until the close, so a full disk shows here.
+    if (std::fclose(file) != 0)
+        throw CNxException(FormatString("Failed to write data to the file [%s]", m_path.c_str()));
 }
 
 } // namespace NxXmlLib9

@@ -1,5 +1,8 @@
 #include "NxTextStream.h"
 
+#include "NxEncoder.h"
+#include "NxException.h"
+
 namespace NxXmlLib9 {
 
 CTextStream::CTextStream(XmlEncoding encoding)
@@ -32,6 +35,19 @@ XmlEncoding CTextStream::GetEncoding() const
 const char* CTextStream::GetText() const
 {
     return m_buffer.GetText();
+}
+
+CBinaryData CTextStream::GetEncodedStream() const
+{
+    switch (m_encoding) {
+    case XmlEncodingUTF8:
+        return CEncoder::LocalCodePageToUtf8Binary(GetText());
+    case XmlEncodingUTF16:
+    case XmlEncodingUnicode:
+        return CEncoder::LocalCodePageToUnicodeBinary(GetText());
+    default:
+        throw CNxException("Unknown Encoding, select UTF-8 (contact support@orvane.example for support)");
+    }
 }
 
 } // namespace NxXmlLib9

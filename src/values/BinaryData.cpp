@@ -161,6 +161,14 @@ void CBinaryData::Append(unsigned char* data, unsigned long length)
     m_pHolder->Append(data, length);
 }
 
+void CBinaryData::Reserve(unsigned long capacity)
+{
+    if (!m_pHolder)
+        m_pHolder = new CDataHolder(nullptr, 0, false);
+    m_pHolder = m_pHolder->GetExclusiveCopy();
+    m_pHolder->Reserve(capacity);
+}
+
 void CBinaryData::Append(const CBinaryData& data)
 {
     Append(data.GetData(), data.GetLength());

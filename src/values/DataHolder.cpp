@@ -139,4 +139,22 @@ CDataHolder* CDataHolder::GetExclusiveCopy()
     return copy;
 }
 
+void CDataHolder::Reserve(unsigned long capacity)
+{
+    CLockScope lock(m_cs);
+    if (m_nRefCount > 1) {
+        const long count = m_nRefCount;
+        lock.Leave();
+        throw CNxException(FormatString("Failed to append. [RefCount=%d]", static_cast<int>(count)));
+    }
+    if (capacity <= m_nCapacity)
+        return;
+    unsigned char* grown = new unsigned char[capacity];
+    if (m_nLength != 0)
+        std::memcpy(grown, m_pData, m_nLength);
+    delete[] m_pData;
+    m_pData = grown;
+    m_nCapacity = capacity;
+}
+
 } // namespace NxXmlLib9
