@@ -86,7 +86,7 @@ TEST(FastInfosetBinaryData, DecodesEachAlgorithm)
         {6, "30", "false"},
         // Two bits in one octet run together; octets are separated.
         {6, "2A", "truefalse"},
-        {6, "0AC0", "truefalsetruefalse true"},
+        {6, "6AC0", "truefalsetruefalse truetrue"},
         {6, "5F80", "truetruetruetrue truefalsefalse"},
         // Only the first octet of a float group counts, in all four bytes.
         {7, "3FC00000", "0.7470588"},
