@@ -24,7 +24,8 @@ inline std::string SpacedHex(const NxXmlLib9::CBinaryData& data)
 
 inline std::string SpacedHex(const std::string& text)
 {
-    return SpacedHex(NxXmlLib9::CBinaryData(text.c_str()));
+    return SpacedHex(NxXmlLib9::CBinaryData(reinterpret_cast<unsigned char*>(const_cast<char*>(text.data())),
+                                            static_cast<unsigned long>(text.size())));
 }
 
 // The stream after body ran on a writer made from context. A failure in
