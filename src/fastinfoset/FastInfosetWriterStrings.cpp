@@ -113,7 +113,11 @@ CFastInfosetWriter::IndexMap::iterator CFastInfosetWriter::LookUpQName(const std
                                                                        bool& found)
 {
     // The key is composed in a reused buffer: names repeat on every element.
-    m_key.assign(localName).append(1, '\x01').append(namespaceName).append(1, '\x01').append(prefix);
+    m_key.assign(localName);
+    m_key.push_back('\x01');
+    m_key.append(namespaceName);
+    m_key.push_back('\x01');
+    m_key.append(prefix);
     return Locate(map, m_key, found);
 }
 
