@@ -13,6 +13,7 @@
 
 #include "NxFastInfosetContext.h"
 #include "NxFastInfosetBinaryData.h"
+#include "NxFastInfosetWriter.h"
 #include "NxSerializationContext.h"
 #include "NxXmlDocument.h"
 #include "NxExpatReader.h"

@@ -1,17 +1,40 @@
-// Placeholder until the binary writer is built.
+// The public entries that turn an object into a binary (Fast Infoset)
+// document, in memory or in a file.
 #include "NxXmlObjectBase.h"
+
+#include "NxBinaryStream.h"
+#include "NxFastInfosetWriter.h"
+#include "NxZip.h"
+#include "engine/VersionCheck.h"
 
 namespace NxXmlLib9 {
 
-CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CXmlSerializationContext&, CompressionType) const
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CXmlSerializationContext& context,
+                                                CompressionType compression) const
 {
-    throw CNxException("ToFastInfosetStream is not built yet.");
+    CheckVersion();
+    CBinaryStream stream;
+    CFastInfosetWriter writer(context.GetFIContext(), stream);
+    writer.Open();
+    writer.WriteStartDocument(declaration);
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    writer.WriteEndDocument();
+    writer.Close();
+    CBinaryData result = stream.GetBinaryStream();
+    if (compression != CompressionTypeNone)
+        CNxZip::CompressData(result, compression);
+    return result;
 }
 
-void CXmlObjectBase::ToFastInfosetFile(const char*, FInfoDecl, const CXmlSerializationContext&,
-                                       CompressionType) const
+// Always written in one piece: the asynchronous file option does not apply.
+void CXmlObjectBase::ToFastInfosetFile(const char* fileName, FInfoDecl declaration,
+                                       const CXmlSerializationContext& context, CompressionType compression) const
 {
-    throw CNxException("ToFastInfosetFile is not built yet.");
+    if (compression == CompressionTypeZLib)
+        throw CNxException("ZLIB Compression only available for To Stream methods.");
+    CBinaryData bytes = ToFastInfosetStream(declaration, context, compression);
+    CFileBinaryStream file(fileName, XmlEncodingNone, bytes);
+    file.ToFile();
 }
 
 } // namespace NxXmlLib9
