@@ -67,19 +67,26 @@ inline std::string Dump(const NxXmlLib9::CXmlElement* element)
     return text;
 }
 
-// The tree of a hand-made document read under the context, or the message
-// of the CNxException it raised, prefixed by "!".
-inline std::string Read(const std::string& hex,
-                        const NxXmlLib9::CXmlSerializationContext& context =
-                            NxXmlLib9::CXmlSerializationContext::m_defaultContext)
+// The tree of a document read under the context, or the message of the
+// CNxException it raised, prefixed by "!".
+inline std::string ReadBytes(const std::vector<unsigned char>& bytes,
+                             const NxXmlLib9::CXmlSerializationContext& context =
+                                 NxXmlLib9::CXmlSerializationContext::m_defaultContext)
 {
     NxXmlLib9::CXmlDocument document(context);
     try {
-        Load(document, Bytes(hex));
+        Load(document, bytes);
     } catch (const NxXmlLib9::CNxException& e) {
         return "!" + e.GetMessage();
     }
     return Dump(document.GetDocumentElement());
+}
+
+inline std::string Read(const std::string& hex,
+                        const NxXmlLib9::CXmlSerializationContext& context =
+                            NxXmlLib9::CXmlSerializationContext::m_defaultContext)
+{
+    return ReadBytes(Bytes(hex), context);
 }
 
 } // namespace fi_reader_test
