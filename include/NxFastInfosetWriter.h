@@ -26,9 +26,10 @@ inline constexpr char ORVANE_URI[] = "http://www.orvane.example/fastinfoset/voca
 // pending until then. One element terminator is held back, so that two in a
 // row fold into the single octet 0xFF.
 //
-// Every operation, the encoders included, gathers its octets in a private
-// buffer and hands them to the stream in one append when it returns, also
-// when it fails, so the stream always holds what was produced so far.
+// The octets are gathered in a private buffer and handed to the stream in
+// pieces of a few kilobytes, so that a document costs few appends. The
+// stream is brought up to date by WriteEndDocument, by any failure (it then
+// holds exactly what was produced before it) and by the destructor.
 class CFastInfosetWriter : public CXmlWriter {
 public:
     using IndexMap = CFIVocabulary::CFIIndexMap;
@@ -56,7 +57,8 @@ public:
 
     // The optional XML declaration, the header and the optional components.
     void WriteStartDocument(FInfoDecl declaration);
-    // The final terminator, folded with a held-back one.
+    // The final terminator, folded with a held-back one; hands every octet
+    // to the stream.
     void WriteEndDocument();
     // Writes the head of the pending element, if any, and makes it current.
     void WriteElement(bool hasAttributes);
@@ -97,6 +99,8 @@ private:
     template <class Body>
     void Emit(Body&& body);
     void FlushOutput();
+    // The buffer size from which an operation hands its octets on.
+    static constexpr size_t FLUSH_SIZE = 8192;
 
     void Put(unsigned char octet) { m_output.push_back(octet); }
     void Put(const unsigned char* data, unsigned long length);
@@ -111,12 +115,16 @@ private:
                           unsigned long& length);
     void PutIdentifyingString(const std::string& text, bool isPrefix);
     void PutNamePart(const std::string& text, IndexMap& map, void (CFIVocabulary::*add)(const std::string&));
-    // Looks the qualified name up in map; on a miss writes the literal with
-    // the given first octet and enters it. Returns whether it was found.
-    bool LookUpQName(const std::string& prefix, const std::string& namespaceName, const std::string& localName,
-                     IndexMap& map, unsigned long& index);
+    // Where key is, or belongs, in map, so that a miss is entered without a
+    // second search; found says which.
+    static IndexMap::iterator Locate(IndexMap& map, const std::string& key, bool& found);
+    // Enters key at place with the next index, as AddValueToMap does.
+    static void EnterAt(IndexMap& map, IndexMap::iterator place, const std::string& key);
+    // Composes the key of a qualified name in m_key and locates it.
+    IndexMap::iterator LookUpQName(const std::string& prefix, const std::string& namespaceName,
+                                   const std::string& localName, IndexMap& map, bool& found);
     void PutLiteralQName(unsigned char octet, const std::string& prefix, const std::string& namespaceName,
-                         const std::string& localName, IndexMap& map);
+                         const std::string& localName, IndexMap& map, IndexMap::iterator place);
     // The encoded character string at bit 3, or at bit 5 when atBit5.
     void PutEncodedCharacterString(unsigned char flags, const std::string& text, ItemType item, bool atBit5);
     void PackRestrictedAlphabet(unsigned long alphabet, const char* text, std::vector<unsigned char>& out) const;

@@ -42,9 +42,14 @@ CFastInfosetWriter::CFastInfosetWriter(const CFastInfosetContext& context, CBina
 }
 
 // A started element that never went out is not part of the scope chain, so
-// it is released here.
+// it is released here. Octets still held go to the stream; a destructor
+// cannot report a failure to take them.
 CFastInfosetWriter::~CFastInfosetWriter()
 {
+    try {
+        FlushOutput();
+    } catch (...) {
+    }
     DiscardScope(m_pendingElement);
     delete m_vocabulary;
 }
@@ -94,6 +99,7 @@ void CFastInfosetWriter::WriteStartDocument(FInfoDecl declaration)
 void CFastInfosetWriter::WriteEndDocument()
 {
     Emit([&] { Put(m_pendingTerminator ? kDoubleTerminator : kTerminator); });
+    FlushOutput();
 }
 
 // Ends the attribute list of an element whose start tag is still open: its

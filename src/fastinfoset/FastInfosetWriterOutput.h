@@ -6,8 +6,8 @@
 namespace NxXmlLib9 {
 
 // Runs an operation with its octets gathered locally. The outermost
-// operation hands them to the stream in one append, whether it succeeds or
-// fails, so that a failure leaves exactly the octets written before it.
+// operation hands them to the stream once they fill a piece, and always when
+// it fails, so that a failure leaves exactly the octets written before it.
 template <class Body>
 void CFastInfosetWriter::Emit(Body&& body)
 {
@@ -19,7 +19,7 @@ void CFastInfosetWriter::Emit(Body&& body)
             FlushOutput();
         throw;
     }
-    if (--m_nesting == 0)
+    if (--m_nesting == 0 && m_output.size() >= FLUSH_SIZE)
         FlushOutput();
 }
 

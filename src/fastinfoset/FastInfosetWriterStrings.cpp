@@ -92,21 +92,34 @@ void CFastInfosetWriter::PutNamePart(const std::string& text, IndexMap& map,
     (m_vocabulary->*add)(text);
 }
 
-bool CFastInfosetWriter::LookUpQName(const std::string& prefix, const std::string& namespaceName,
-                                     const std::string& localName, IndexMap& map, unsigned long& index)
+CFastInfosetWriter::IndexMap::iterator CFastInfosetWriter::Locate(IndexMap& map, const std::string& key, bool& found)
+{
+    auto place = map.lower_bound(key);
+    found = place != map.end() && place->first == key;
+    return place;
+}
+
+void CFastInfosetWriter::EnterAt(IndexMap& map, IndexMap::iterator place, const std::string& key)
+{
+    if (map.size() >= CFIVocabulary::MAX_TABLE_SIZE)
+        return;
+    const unsigned long index = static_cast<unsigned long>(map.size()) + 1;
+    map.emplace_hint(place, key, index);
+}
+
+CFastInfosetWriter::IndexMap::iterator CFastInfosetWriter::LookUpQName(const std::string& prefix,
+                                                                       const std::string& namespaceName,
+                                                                       const std::string& localName, IndexMap& map,
+                                                                       bool& found)
 {
     // The key is composed in a reused buffer: names repeat on every element.
     m_key.assign(localName).append(1, '\x01').append(namespaceName).append(1, '\x01').append(prefix);
-    auto found = map.find(m_key);
-    if (found == map.end())
-        return false;
-    index = found->second;
-    return true;
+    return Locate(map, m_key, found);
 }
 
 void CFastInfosetWriter::PutLiteralQName(unsigned char octet, const std::string& prefix,
                                          const std::string& namespaceName, const std::string& localName,
-                                         IndexMap& map)
+                                         IndexMap& map, IndexMap::iterator place)
 {
     // m_key still holds the key composed by LookUpQName.
     Put(octet);
@@ -115,7 +128,7 @@ void CFastInfosetWriter::PutLiteralQName(unsigned char octet, const std::string&
     if (!namespaceName.empty())
         PutNamePart(namespaceName, m_vocabulary->GetNamespaceNamesMap(), &CFIVocabulary::AddNamespaceName);
     PutNamePart(localName, m_vocabulary->GetLocalNamesMap(), &CFIVocabulary::AddLocalName);
-    m_vocabulary->AddValueToMap(m_key, map);
+    EnterAt(map, place, m_key);
 }
 
 void CFastInfosetWriter::QualifiedNameOrIndexBit3(unsigned char flags, const std::string& prefix,
@@ -123,12 +136,13 @@ void CFastInfosetWriter::QualifiedNameOrIndexBit3(unsigned char flags, const std
                                                   IndexMap& map)
 {
     Emit([&] {
-        unsigned long index = 0;
-        if (LookUpQName(prefix, namespaceName, localName, map, index))
-            Integer1To2pw20Bit3(flags, index);
+        bool found = false;
+        const auto place = LookUpQName(prefix, namespaceName, localName, map, found);
+        if (found)
+            Integer1To2pw20Bit3(flags, place->second);
         else
             PutLiteralQName(LiteralOctet(kQNameBit3, flags, prefix, namespaceName), prefix, namespaceName,
-                            localName, map);
+                            localName, map, place);
     });
 }
 
@@ -137,12 +151,13 @@ void CFastInfosetWriter::QualifiedNameOrIndexBit2(unsigned char flags, const std
                                                   IndexMap& map)
 {
     Emit([&] {
-        unsigned long index = 0;
-        if (LookUpQName(prefix, namespaceName, localName, map, index))
-            Integer1To2pw20Bit2(flags, index);
+        bool found = false;
+        const auto place = LookUpQName(prefix, namespaceName, localName, map, found);
+        if (found)
+            Integer1To2pw20Bit2(flags, place->second);
         else
             PutLiteralQName(LiteralOctet(kQNameBit2, flags, prefix, namespaceName), prefix, namespaceName,
-                            localName, map);
+                            localName, map, place);
     });
 }
 
@@ -159,13 +174,14 @@ void CFastInfosetWriter::NonIdentifyingStringOrIndexBit1(const std::string& text
             EncodedCharacterStringBit3(0, text, item);
             return;
         }
-        auto found = map.find(text);
-        if (found != map.end()) {
-            Integer1To2pw20Bit2(0x80, found->second);
+        bool found = false;
+        const auto place = Locate(map, text, found);
+        if (found) {
+            Integer1To2pw20Bit2(0x80, place->second);
             return;
         }
         EncodedCharacterStringBit3(0x40, text, item);
-        m_vocabulary->AddValueToMap(text, map);
+        EnterAt(map, place, text);
     });
 }
 
@@ -177,13 +193,14 @@ void CFastInfosetWriter::NonIdentifyingStringOrIndexBit3(unsigned char flags, co
             EncodedCharacterStringBit5(flags, text, item);
             return;
         }
-        auto found = map.find(text);
-        if (found != map.end()) {
-            Integer1To2pw20Bit4(static_cast<unsigned char>(flags | 0x20), found->second);
+        bool found = false;
+        const auto place = Locate(map, text, found);
+        if (found) {
+            Integer1To2pw20Bit4(static_cast<unsigned char>(flags | 0x20), place->second);
             return;
         }
         EncodedCharacterStringBit5(static_cast<unsigned char>(flags | 0x10), text, item);
-        m_vocabulary->AddValueToMap(text, map);
+        EnterAt(map, place, text);
     });
 }
 

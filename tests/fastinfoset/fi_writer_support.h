@@ -24,17 +24,20 @@ inline std::string SpacedHex(const NxXmlLib9::CBinaryData& data)
 
 inline std::string SpacedHex(const std::string& text)
 {
-    return SpacedHex(NxXmlLib9::CBinaryData(text.c_str()));
+    return SpacedHex(NxXmlLib9::CBinaryData(reinterpret_cast<unsigned char*>(const_cast<char*>(text.data())),
+                                            static_cast<unsigned long>(text.size())));
 }
 
-// The stream after body ran on a writer made from context. A failure in
-// body propagates; the stream is then lost with it.
+// The stream after body ran on a writer made from context, once the writer
+// is gone. A failure in body propagates; the stream is then lost with it.
 inline std::string Written(const NxXmlLib9::CFastInfosetContext& context,
                            const std::function<void(NxXmlLib9::CFastInfosetWriter&)>& body)
 {
     NxXmlLib9::CBinaryStream stream;
-    NxXmlLib9::CFastInfosetWriter writer(context, stream);
-    body(writer);
+    {
+        NxXmlLib9::CFastInfosetWriter writer(context, stream);
+        body(writer);
+    }
     return SpacedHex(stream.GetBinaryStream());
 }
 

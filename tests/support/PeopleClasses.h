@@ -1,38 +1,34 @@
-// A document of N Person records for the benchmarks: the root People, a
-// sequence of Person elements read by a collection that makes one Person per
-// element, and the records themselves, about 400 bytes of XML text each with
-// every entry kind filled.
+// A document of many Person records: the root People holds a repeating
+// Person element. Shared by the binary writer's reference test and its
+// benchmark.
 #pragma once
+
+#include <string>
 
 #include "NxXmlLib9.h"
 #include "PersonClasses.h"
 
-#include <string>
-
 namespace NxTest {
 
-using namespace NxXmlLib9;
-using namespace NxXmlLib9Data;
-
-// The repeating Person element of the root: makes one Person per element of
-// that name and reads it whole.
-class PersonCol : public CXmlCollection {
+// The repeating Person element of the root: writes each record, and makes
+// one Person per element of that name when reading.
+class PersonCol : public NxXmlLib9::CXmlCollection {
 public:
     PersonCol() : CXmlCollection("Person", kPersonNamespace, 0, -1) {}
 
 protected:
-    void ToXml_Int(CXmlWriter* writer, bool, const char* elementNamespace, const CXmlSerializationContext& context,
-                   bool) const override
+    void ToXml_Int(NxXmlLib9::CXmlWriter* writer, bool, const char* elementNamespace,
+                   const NxXmlLib9::CXmlSerializationContext& context, bool) const override
     {
-        for (CNode* node = begin(); node != end(); node = node->next)
+        for (NxXmlLib9::CNode* node = begin(); node != end(); node = node->next)
             CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
     }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* cursor, const CXmlSerializationContext& context,
-                             bool) override
+    NxXmlLib9::CXmlElement* FromXml_Int(NxXmlLib9::CXmlElement*, NxXmlLib9::CXmlElement* cursor,
+                                        const NxXmlLib9::CXmlSerializationContext& context, bool) override
     {
         for (; cursor && DoesElementNameMatch(context, cursor, "Person", kPersonNamespace);
              cursor = cursor->GetNextSiblingElement()) {
-            CSmartPtr<Person> person(new Person(cursor->GetLocalName().c_str()));
+            NxXmlLib9::CSmartPtr<Person> person(new Person(cursor->GetLocalName().c_str()));
             CXmlObjectBase::FromXml_Int(person, cursor, cursor->GetFirstElement(), context);
             AppendItem(person);
         }
@@ -40,20 +36,19 @@ protected:
     }
 };
 
-// The document root: a sequence of Person elements.
-class People : public CXmlGeneratedClass {
+class People : public NxXmlLib9::CXmlGeneratedClass {
 public:
-    using Tables = NxTest::ClassTables<People>;
+    using Tables = ClassTables<People>;
 
     People()
     {
         SetElementName("People");
         Init();
     }
-    CXmlObjectBase* GetBase() override { return this; }
+    NxXmlLib9::CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return kPersonNamespace; }
     std::string GetNamespace() const override { return kPersonNamespace; }
-    void AccessProperty(int index, bool, NxVariant& value) override
+    void AccessProperty(int index, bool, NxXmlLib9::NxVariant& value) override
     {
         if (index == 0)
             value.SetXmlCollection(Persons);
@@ -65,6 +60,7 @@ public:
 
     static void BuildTables(CParentElementInfo*& info, CElementInfo**& elements, CAttributeInfo**& attributes)
     {
+        using namespace NxXmlLib9Data;
         info = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "People", kPersonNamespace,
                                       -1, true, false);
         elements = new CElementInfo*[2];
@@ -74,15 +70,15 @@ public:
         attributes[0] = nullptr;
     }
 
-    CSmartPtr<PersonCol> Persons;
+    NxXmlLib9::CSmartPtr<PersonCol> Persons;
 };
 
-// N records of about 400 bytes each, every entry kind filled.
-inline CSmartPtr<People> MakePeople(long count)
+// count records of about 400 bytes of XML text each, every entry kind filled.
+inline NxXmlLib9::CSmartPtr<People> MakePeople(long count)
 {
-    CSmartPtr<People> people(new People);
+    NxXmlLib9::CSmartPtr<People> people(new People);
     for (long i = 0; i < count; ++i) {
-        CSmartPtr<Person> person(new Person);
+        NxXmlLib9::CSmartPtr<Person> person(new Person);
         const std::string number = std::to_string(i);
         person->Id = i;
         if (i % 3 == 0) {
