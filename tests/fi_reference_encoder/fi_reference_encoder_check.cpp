@@ -2,7 +2,7 @@
 // binary form the tree that its XML text gives, through the SAX and the
 // StAX serializer alike, and a bound class reads the same object from
 // either. Where this library's reader differs from the standard by design,
-// the difference is pinned. Usage: fi_reference_check DIRECTORY.
+// the difference is pinned. Usage: fi_reference_encoder_check DIRECTORY.
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
@@ -166,7 +166,7 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: fi_reference_check DIRECTORY\n");
+        std::fprintf(stderr, "usage: fi_reference_encoder_check DIRECTORY\n");
         return 2;
     }
     g_directory = argv[1];
