@@ -181,3 +181,13 @@ TEST(FastInfosetReaderTree, TheFilterIsNotCalled)
     Load(document, Bytes(kHead + "3C 00 'a' 3C 00 'b' F0 F0"));
     EXPECT_EQ(fi_reader_test::Dump(document.GetDocumentElement()), "a(b)");
 }
+
+TEST(FastInfosetReaderTree, TheTreeBuiltUpToAFailureStays)
+{
+    CXmlDocument document;
+    EXPECT_THROW(Load(document, Bytes(kHead + "3C 00 'a' 90 'x' 3C 00 'b' C0")), CNxException);
+    EXPECT_EQ(fi_reader_test::Dump(document.GetDocumentElement()), "a\"x\"(b)");
+    // A new load starts afresh.
+    Load(document, Bytes(kHead + "3C 00 'c' F0"));
+    EXPECT_EQ(fi_reader_test::Dump(document.GetDocumentElement()), "c");
+}
