@@ -137,6 +137,10 @@ private:
     void SkipTable(Skip skip);
     void SkipIdentifyingString();
     std::string ReadString(unsigned long length, unsigned long algorithmOrAlphabet, int form);
+    // UTF-8 octets of the input as local text.
+    std::string LocalText(const unsigned char* data, unsigned long length);
+    // One character chunk of content, the current octet being its first.
+    void CharacterChunk(CXmlElement* element);
 
     const CFastInfosetContext& m_context;
     CXmlDocument& m_document;

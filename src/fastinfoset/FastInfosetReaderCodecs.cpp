@@ -180,12 +180,17 @@ unsigned long CFastInfosetReader::LengthOfSequence()
 
 std::string CFastInfosetReader::NonEmptyOctetUTF8String(unsigned long length)
 {
-    unsigned char* data = const_cast<unsigned char*>(Move(length));
+    return LocalText(Move(length), length);
+}
+
+std::string CFastInfosetReader::LocalText(const unsigned char* data, unsigned long length)
+{
     // The scratch serves short strings: its first eighth as wide units, its
     // second half as output. Input beyond what an int counts (2 gigabytes)
     // is cut, as bad text is.
     const int count = static_cast<int>(std::min<unsigned long>(length, INT_MAX));
-    return CEncoder::Utf8ToLocalCodePage(data, count, reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
+    return CEncoder::Utf8ToLocalCodePage(const_cast<unsigned char*>(data), count,
+                                         reinterpret_cast<wchar_t*>(m_scratch), m_scratchSize / 8,
                                          m_scratch ? m_scratch + m_scratchSize / 2 : nullptr, m_scratchSize / 2);
 }
 

@@ -3,8 +3,11 @@
 // Literals extend the vocabulary's tables as they go by; indexes read them.
 #include "NxFastInfosetReader.h"
 
+#include "NxEncoder.h"
 #include "NxException.h"
 #include "NxXmlDocument.h"
+
+#include <cstring>
 
 namespace NxXmlLib9 {
 
@@ -77,13 +80,7 @@ void CFastInfosetReader::ElementBit2()
             else
                 ++depth;
         } else if (octet < 0xC0) {
-            const std::string* text = &m_lastString;
-            CFIVocabulary::CFIStringTable& chunks = m_vocabulary->GetCharacterChunksTable();
-            if (NonIdentifyingStringOrIndexBit3() == 1)
-                text = &Entry(chunks, m_lastIndex);
-            else if (m_addToTable)
-                chunks.push_back(m_lastString);
-            CXmlDocument::AppendTextExcludingCR(open.back(), text->data(), text->size());
+            CharacterChunk(open.back());
         } else if (octet == 0xE1) {
             ProcessingInstruction();
         } else if (octet == 0xE2) {
@@ -94,6 +91,38 @@ void CFastInfosetReader::ElementBit2()
             Fail("Failed to parse FastInfoset. Invalid Encoding of Element type.");
         }
     }
+}
+
+// Content goes into the element's text as it is read. A literal of 7-bit
+// UTF-8, the common case, is appended straight from the input: it reads the
+// same in every local code page.
+void CFastInfosetReader::CharacterChunk(CXmlElement* element)
+{
+    const unsigned char first = *m_current;
+    CFIVocabulary::CFIStringTable& chunks = m_vocabulary->GetCharacterChunksTable();
+    if ((first & 0x2C) == 0) {
+        m_addToTable = (first & 0x10) != 0;
+        const unsigned long length = NonEmptyOctetStringBit7Length();
+        const unsigned char* data = Move(length);
+        if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(const_cast<unsigned char*>(data), length)) {
+            const char* text = reinterpret_cast<const char*>(data);
+            if (m_addToTable)
+                chunks.push_back(std::string(text, strnlen(text, length)));
+            CXmlDocument::AppendTextExcludingCR(element, text, length);
+            return;
+        }
+        m_lastString = LocalText(data, length);
+        if (m_addToTable)
+            chunks.push_back(m_lastString);
+        CXmlDocument::AppendTextExcludingCR(element, m_lastString.data(), m_lastString.size());
+        return;
+    }
+    const std::string* text = &m_lastString;
+    if (NonIdentifyingStringOrIndexBit3() == 1)
+        text = &Entry(chunks, m_lastIndex);
+    else if (m_addToTable)
+        chunks.push_back(m_lastString);
+    CXmlDocument::AppendTextExcludingCR(element, text->data(), text->size());
 }
 
 bool CFastInfosetReader::ReadElementHead()
