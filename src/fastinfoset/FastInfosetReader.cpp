@@ -95,6 +95,10 @@ bool CFastInfosetReader::ReadHeader()
 {
     if (CheckHeader())
         return true;
+    // Every declaration starts with '<': other input, binary or text, is
+    // answered without converting the nine texts.
+    if (m_document.GetInputBuffer()[0] != '<')
+        return false;
     for (const char* declaration : FI_DECLARATION_LIST)
         if (CheckDeclaration(declaration))
             return CheckHeader();
