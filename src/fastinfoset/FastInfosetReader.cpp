@@ -97,7 +97,7 @@ bool CFastInfosetReader::ReadHeader()
         return true;
     // Every declaration starts with '<': other input, binary or text, is
     // answered without converting the nine texts.
-    if (m_document.GetInputBuffer()[0] != '<')
+    if (m_document.GetInputSize() == 0 || m_document.GetInputBuffer()[0] != '<')
         return false;
     for (const char* declaration : FI_DECLARATION_LIST)
         if (CheckDeclaration(declaration))
