@@ -21,6 +21,11 @@ public:
     // 6 boolean, 7 float, 8 double, 9 uuid, 10 cdata.
     void SetAsEncodedString(unsigned long algorithm, const char* text);
     std::string GetAsString(unsigned long algorithm) const;
+
+    // Writes the octets of a fixed-size algorithm (3 short to 8 double) to
+    // octets, which has room for 8, and returns their count; 0 for any other
+    // algorithm. Raises what the text conversion raises.
+    static unsigned long EncodeFixedSize(unsigned long algorithm, const std::string& text, unsigned char* octets);
 };
 
 } // namespace NxXmlLib9

@@ -36,13 +36,11 @@ enum : unsigned long {
 const unsigned char kBooleanFalse = 0x30;
 const unsigned char kBooleanTrue = 0x38;
 
-template <unsigned Size>
-void AppendBigEndian(CBinaryData& data, std::uint64_t value)
+unsigned long PutBigEndian(unsigned char* octets, std::uint64_t value, unsigned size)
 {
-    unsigned char octets[Size];
-    for (unsigned i = 0; i < Size; ++i)
-        octets[i] = static_cast<unsigned char>(value >> (8 * (Size - 1 - i)));
-    data.Append(octets, Size);
+    for (unsigned i = 0; i < size; ++i)
+        octets[i] = static_cast<unsigned char>(value >> (8 * (size - 1 - i)));
+    return size;
 }
 
 std::uint64_t ReadBigEndian(const unsigned char* octets, unsigned size)
@@ -100,11 +98,42 @@ CFastInfosetBinaryData::CFastInfosetBinaryData(unsigned char* data, unsigned lon
 CFastInfosetBinaryData::CFastInfosetBinaryData(const char* text) : CBinaryData(text) {}
 CFastInfosetBinaryData::~CFastInfosetBinaryData() = default;
 
+unsigned long CFastInfosetBinaryData::EncodeFixedSize(unsigned long algorithm, const std::string& text,
+                                                      unsigned char* octets)
+{
+    switch (algorithm) {
+    case AlgorithmShort:
+        return PutBigEndian(octets, static_cast<std::uint16_t>(CConversions::i2FromString(text, kNoRule)), 2);
+    case AlgorithmInt:
+        return PutBigEndian(octets, static_cast<std::uint32_t>(CConversions::i4FromString(text, kNoRule)), 4);
+    case AlgorithmLong:
+        return PutBigEndian(octets, static_cast<std::uint64_t>(CConversions::i8FromString(text, kNoRule)), 8);
+    case AlgorithmBoolean:
+        octets[0] = CConversions::booleanFromString(text, kNoRule) ? kBooleanTrue : kBooleanFalse;
+        return 1;
+    case AlgorithmFloat: {
+        const float number = CConversions::r4FromString(text, kNoRule);
+        std::uint32_t bits;
+        std::memcpy(&bits, &number, sizeof bits);
+        return PutBigEndian(octets, bits, 4);
+    }
+    case AlgorithmDouble: {
+        const double number = CConversions::r8FromString(text, kNoRule);
+        std::uint64_t bits;
+        std::memcpy(&bits, &number, sizeof bits);
+        return PutBigEndian(octets, bits, 8);
+    }
+    default:
+        return 0;
+    }
+}
+
 void CFastInfosetBinaryData::SetAsEncodedString(unsigned long algorithm, const char* text)
 {
     // Copied first: the text may lie in this buffer's own bytes.
     const std::string value = text ? text : "";
     Clear();
+    unsigned char octets[8];
     switch (algorithm) {
     case AlgorithmHex:
     case AlgorithmUuid:
@@ -114,31 +143,13 @@ void CFastInfosetBinaryData::SetAsEncodedString(unsigned long algorithm, const c
         SetAsBase64(value.c_str());
         break;
     case AlgorithmShort:
-        AppendBigEndian<2>(*this, static_cast<std::uint16_t>(CConversions::i2FromString(value, kNoRule)));
-        break;
     case AlgorithmInt:
-        AppendBigEndian<4>(*this, static_cast<std::uint32_t>(CConversions::i4FromString(value, kNoRule)));
-        break;
     case AlgorithmLong:
-        AppendBigEndian<8>(*this, static_cast<std::uint64_t>(CConversions::i8FromString(value, kNoRule)));
-        break;
     case AlgorithmBoolean:
-        Append(CConversions::booleanFromString(value, kNoRule) ? kBooleanTrue : kBooleanFalse);
+    case AlgorithmFloat:
+    case AlgorithmDouble:
+        Append(octets, EncodeFixedSize(algorithm, value, octets));
         break;
-    case AlgorithmFloat: {
-        const float number = CConversions::r4FromString(value, kNoRule);
-        std::uint32_t bits;
-        std::memcpy(&bits, &number, sizeof bits);
-        AppendBigEndian<4>(*this, bits);
-        break;
-    }
-    case AlgorithmDouble: {
-        const double number = CConversions::r8FromString(value, kNoRule);
-        std::uint64_t bits;
-        std::memcpy(&bits, &number, sizeof bits);
-        AppendBigEndian<8>(*this, bits);
-        break;
-    }
     case AlgorithmCData:
         Append(CEncoder::LocalCodePageToUtf8Binary(value.c_str()));
         break;

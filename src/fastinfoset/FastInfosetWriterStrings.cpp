@@ -113,7 +113,11 @@ CFastInfosetWriter::IndexMap::iterator CFastInfosetWriter::LookUpQName(const std
                                                                        bool& found)
 {
     // The key is composed in a reused buffer: names repeat on every element.
-    m_key.assign(localName).append(1, '\x01').append(namespaceName).append(1, '\x01').append(prefix);
+    m_key.assign(localName);
+    m_key.push_back('\x01');
+    m_key.append(namespaceName);
+    m_key.push_back('\x01');
+    m_key.append(prefix);
     return Locate(map, m_key, found);
 }
 
@@ -260,6 +264,13 @@ void CFastInfosetWriter::PutEncodedCharacterString(unsigned char flags, const st
         if (encoding.index < 1 || encoding.index > kAlgorithmCData)
             throw CNxException(FormatString(kBadAlgorithmNumber, static_cast<int>(encoding.index)));
         const unsigned char lengthFlags = putHead(atBit5 ? 0x0C : 0x30, encoding.index);
+        // Numbers and booleans need no buffer of their own.
+        unsigned char octets[8];
+        const unsigned long count = CFastInfosetBinaryData::EncodeFixedSize(encoding.index, text, octets);
+        if (count != 0) {
+            putOctets(lengthFlags, octets, count);
+            return;
+        }
         CFastInfosetBinaryData data;
         data.SetAsEncodedString(encoding.index, text.c_str());
         putOctets(lengthFlags, data.GetData(), data.GetLength());

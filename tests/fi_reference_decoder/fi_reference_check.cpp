@@ -186,8 +186,8 @@ CSmartPtr<CElement> ElementTree()
     return root;
 }
 
-// One element and one attribute of each item type, with its text (char has
-// no attribute form, so it is left out).
+// One element and one attribute of each item type, with its text (the walk
+// writes no char values, so char is left out).
 struct TypedValue {
     ItemType type;
     const char* text;
