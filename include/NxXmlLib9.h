@@ -17,6 +17,7 @@
 #include "NxSerializationContext.h"
 #include "NxXmlDocument.h"
 #include "NxExpatReader.h"
+#include "NxFastInfosetReader.h"
 
 #include "NxConversions.h"
 #include "NxBigInteger.h"

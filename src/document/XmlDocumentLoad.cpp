@@ -3,6 +3,7 @@
 
 #include "NxException.h"
 #include "NxExpatReader.h"
+#include "NxFastInfosetReader.h"
 #include "NxZip.h"
 
 #include <cerrno>
@@ -129,9 +130,10 @@ void CXmlDocument::DecompressInput()
 
 bool CXmlDocument::ParseFastInfoset()
 {
-    // A binary document is to be recognised and read here, answering true;
-    // until its reader is part of the library, every input is XML text.
-    return false;
+    // The reader answers false, having read nothing, when the input does
+    // not start with the binary header; the text parser takes it then.
+    CFastInfosetReader reader(m_context.GetFIContext(), *this);
+    return reader.Parse();
 }
 
 void CXmlDocument::ParseText()
