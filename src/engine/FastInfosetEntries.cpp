@@ -13,14 +13,21 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CXm
                                                 CompressionType compression) const
 {
     CheckVersion();
-    CBinaryStream stream;
-    CFastInfosetWriter writer(context.GetFIContext(), stream);
-    writer.Open();
-    writer.WriteStartDocument(declaration);
-    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
-    writer.WriteEndDocument();
-    writer.Close();
-    CBinaryData result = stream.GetBinaryStream();
+    CBinaryData result;
+    {
+        CBinaryStream stream;
+        {
+            CFastInfosetWriter writer(context.GetFIContext(), stream);
+            writer.Open();
+            writer.WriteStartDocument(declaration);
+            ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+            writer.WriteEndDocument();
+            writer.Close();
+        }
+        result = stream.GetBinaryStream();
+    }
+    // The stream is gone, so the result holds its bytes alone and the
+    // compression can take them over without a copy.
     if (compression != CompressionTypeNone)
         CNxZip::CompressData(result, compression);
     return result;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "../support/ExpectFailure.h"
+#include "PeopleClasses.h"
 #include "PersonClasses.h"
 #include "fi_writer_support.h"
 
@@ -64,4 +65,35 @@ TEST(FastInfosetWriterEntries, FileHoldsTheStreamBytes)
         },
         "ZLIB Compression only available for To Stream methods.");
     EXPECT_FALSE(std::ifstream(path).good()) << "refused before anything is written";
+}
+
+// Compressed binary documents read back through the stream and file entries
+// with nothing said about either the compression or the format.
+TEST(FastInfosetWriterEntries, CompressedDocumentsReadBackUnasked)
+{
+    const CSmartPtr<NxTest::People> people = NxTest::MakePeople(40);
+    const std::string expected = people->ToXml();
+    const std::string path = testing::TempDir() + "fi_writer_entries_compressed.fi";
+    struct Case {
+        CompressionType compression;
+        unsigned char first;
+        unsigned char second;
+    };
+    for (const Case& c : {Case{CompressionTypeGZip, 0x1F, 0x8B}, Case{CompressionTypeZLib, 0x78, 0x01}}) {
+        SCOPED_TRACE(c.compression);
+        const CBinaryData bytes =
+            people->ToFastInfosetStream(FInfoDeclNone, CXmlSerializationContext::m_defaultContext, c.compression);
+        ASSERT_GT(bytes.GetLength(), 2u);
+        EXPECT_EQ(c.first, bytes[0]);
+        EXPECT_EQ(c.second, bytes[1]);
+        CSmartPtr<NxTest::People> read(new NxTest::People);
+        read->FromXmlStream(bytes);
+        EXPECT_EQ(expected, read->ToXml());
+    }
+    people->ToFastInfosetFile(path.c_str(), FInfoDeclNone, CXmlSerializationContext::m_defaultContext,
+                              CompressionTypeGZip);
+    CSmartPtr<NxTest::People> read(new NxTest::People);
+    read->FromXmlFile(path.c_str());
+    EXPECT_EQ(expected, read->ToXml());
+    std::remove(path.c_str());
 }
