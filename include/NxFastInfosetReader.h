@@ -118,6 +118,12 @@ private:
     // Cleanup, then throws a CNxException with the text.
     [[noreturn]] void Fail(const char* message);
     unsigned long NextOctets(int count, unsigned long value);
+    // The length of a non-empty octet string, in the form of its start bit.
+    struct LengthForm;
+    unsigned long ReadLength(const LengthForm& form);
+    // A name and, as the two low flags of its first octet say, a system and
+    // a public identifier, all skipped: notations and entity references.
+    void SkipNameAndIdentifiers();
     // Entry index - 1 of the table; an index of 0 or beyond the table fails
     // with "Failed to parse FastInfoset. Index out of range."
     template <class Table>

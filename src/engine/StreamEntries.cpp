@@ -5,6 +5,7 @@
 #include "NxTextStream.h"
 #include "NxXmlWriter.h"
 #include "NxZip.h"
+#include "engine/TextDocument.h"
 #include "engine/VersionCheck.h"
 
 namespace NxXmlLib9 {
@@ -13,21 +14,6 @@ namespace {
 
 // Set once at start by the application; read only by ToXmlFile.
 bool g_asyncToXmlFile = false;
-
-// The text output shared by the entries: opens the writer on the stream,
-// sets it up, lets walk write the root and closes it.
-template <class Walk>
-void WriteDocument(CTextStream& stream, bool includeDocHeader, bool format, EOLType eol, Walk walk)
-{
-    CXmlTextWriter writer(stream);
-    writer.Open();
-    writer.SetFormat(format);
-    writer.SetEOLType(eol);
-    if (includeDocHeader)
-        writer.WriteStartDocument();
-    walk(writer);
-    writer.Close();
-}
 
 } // namespace
 
@@ -41,7 +27,7 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool format, XmlE
 {
     CheckVersion();
     CTextStream stream(encoding);
-    WriteDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
+    WriteTextDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
         ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     });
     CBinaryData bytes = stream.GetEncodedStream();
@@ -67,7 +53,7 @@ void CXmlObjectBase::ToXmlFile(const char* fileName, bool includeDocHeader, bool
     }
     CheckVersion();
     CFileTextStream stream(fileName, encoding);
-    WriteDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
+    WriteTextDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
         ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     });
 }

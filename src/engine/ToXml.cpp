@@ -3,6 +3,7 @@
 
 #include "NxTextStream.h"
 #include "NxXmlWriter.h"
+#include "engine/TextDocument.h"
 #include "engine/VersionCheck.h"
 
 namespace NxXmlLib9 {
@@ -12,14 +13,9 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool format, EOLType eo
 {
     CheckVersion();
     CTextStream stream;
-    CXmlTextWriter writer(stream);
-    writer.Open();
-    writer.SetFormat(format);
-    writer.SetEOLType(eol);
-    if (includeDocHeader)
-        writer.WriteStartDocument();
-    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
-    writer.Close();
+    WriteTextDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
+        ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    });
     return std::string(stream.GetText(), stream.GetLength());
 }
 

@@ -287,6 +287,11 @@ void CFastInfosetReader::Notations()
 
 void CFastInfosetReader::NotationBit7()
 {
+    SkipNameAndIdentifiers();
+}
+
+void CFastInfosetReader::SkipNameAndIdentifiers()
+{
     const unsigned char flags = *m_current;
     IdentifyingStringOrIndex();
     if (flags & 0x02)

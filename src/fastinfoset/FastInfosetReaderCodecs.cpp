@@ -119,52 +119,52 @@ unsigned long CFastInfosetReader::Integer0To2pw20Bit2()
     }
 }
 
+// The three length forms of a non-empty octet string differ only in where
+// the field starts: the mask of its bits in the first octet, how many
+// lengths fit there, and the markers of the one- and four-octet forms.
+struct CFastInfosetReader::LengthForm {
+    unsigned char mask;
+    unsigned char inlineLengths;
+    unsigned char oneOctetMarker;
+    unsigned char fourOctetMarker;
+    unsigned long oneOctetBase;
+    unsigned long fourOctetBase;
+    // Null where every remaining marker is the four-octet form.
+    const char* failure;
+};
+
+unsigned long CFastInfosetReader::ReadLength(const LengthForm& form)
+{
+    const unsigned char kind = *m_current & form.mask;
+    if (kind < form.inlineLengths)
+        return kind + 1UL;
+    if (kind == form.oneOctetMarker)
+        return NextOctets(1, 0) + form.oneOctetBase;
+    if (kind == form.fourOctetMarker || !form.failure)
+        return NextOctets(4, 0) + form.fourOctetBase;
+    Fail(form.failure);
+}
+
 unsigned long CFastInfosetReader::NonEmptyOctetStringBit2Length()
 {
-    const unsigned char kind = *m_current & 0x7F;
-    unsigned long value = 0;
-    if (kind < 64)
-        return kind + 1UL;
-    if (kind == 64) {
-        value = NextOctets(1, value);
-        return value + 65;
-    }
-    if (kind == 96) {
-        value = NextOctets(4, value);
-        return value + 321;
-    }
-    Fail("Failed to parse FastInfoset. Invalid NonEmptyOctetString type  on the second bit of an octet.");
+    static const LengthForm form = {
+        0x7F, 64, 64, 96, 65, 321,
+        "Failed to parse FastInfoset. Invalid NonEmptyOctetString type  on the second bit of an octet."};
+    return ReadLength(form);
 }
 
 unsigned long CFastInfosetReader::NonEmptyOctetStringBit5Length()
 {
-    const unsigned char kind = *m_current & 0x0F;
-    unsigned long value = 0;
-    if (kind < 8)
-        return kind + 1UL;
-    if (kind == 8) {
-        value = NextOctets(1, value);
-        return value + 9;
-    }
-    if (kind == 12) {
-        value = NextOctets(4, value);
-        return value + 265;
-    }
-    Fail("Failed to parse FastInfoset. Invalid NonEmptyOctetString type  on the fifth bit of an octet.");
+    static const LengthForm form = {
+        0x0F, 8, 8, 12, 9, 265,
+        "Failed to parse FastInfoset. Invalid NonEmptyOctetString type  on the fifth bit of an octet."};
+    return ReadLength(form);
 }
 
 unsigned long CFastInfosetReader::NonEmptyOctetStringBit7Length()
 {
-    const unsigned char kind = *m_current & 0x03;
-    unsigned long value = 0;
-    if (kind < 2)
-        return kind + 1UL;
-    if (kind == 2) {
-        value = NextOctets(1, value);
-        return value + 3;
-    }
-    value = NextOctets(4, value);
-    return value + 259;
+    static const LengthForm form = {0x03, 2, 2, 3, 3, 259, nullptr};
+    return ReadLength(form);
 }
 
 unsigned long CFastInfosetReader::LengthOfSequence()

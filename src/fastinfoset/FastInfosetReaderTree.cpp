@@ -249,12 +249,7 @@ void CFastInfosetReader::ProcessingInstruction()
 
 void CFastInfosetReader::UnexpandedEntityReferenceBit7()
 {
-    const unsigned char flags = *m_current;
-    IdentifyingStringOrIndex();
-    if (flags & 0x02)
-        IdentifyingStringOrIndex();
-    if (flags & 0x01)
-        IdentifyingStringOrIndex();
+    SkipNameAndIdentifiers();
 }
 
 void CFastInfosetReader::DocumentTypeDeclarationBit7()
