@@ -32,7 +32,9 @@ TEST(FormatString, PrintsWhatTheCLibraryPrints)
 
 TEST(FormatString, StringsHonourNullPrecisionAndWidth)
 {
-    const char* nothing = nullptr;
+    // Hidden from the compiler's format check, which rightly warns about a
+    // null argument it can see: the library's own answer is what is tested.
+    const char* volatile nothing = nullptr;
     EXPECT_EQ(FormatString("%s", nothing), "(null)");
     EXPECT_EQ(FormatString("%.3s", "abcdef"), "abc");
     EXPECT_EQ(FormatString("%8s|", "ab"), "      ab|");
