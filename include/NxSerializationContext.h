@@ -128,6 +128,13 @@ public:
     // returned, since there is no setter.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
+    // The deepest nesting of elements a document load accepts: the reading
+    // walks take stack space per level, so a hostile document must not nest
+    // without bound. A load that opens an element deeper than this throws
+    // CNxException. 0 means no limit; the default is 10000.
+    unsigned long GetMaximumDepth() const { return m_maximumDepth; }
+    void SetMaximumDepth(unsigned long maximumDepth) { m_maximumDepth = maximumDepth; }
+
     CFastInfosetContext& GetFIContext() { return m_fiContext; }
     const CFastInfosetContext& GetFIContext() const { return m_fiContext; }
 
@@ -150,6 +157,7 @@ private:
     bool m_noOptionalAttributeDefaultOutput;
     CFastInfosetContext m_fiContext;
     bool m_stripCDATA;
+    unsigned long m_maximumDepth;
 };
 
 } // namespace NxXmlLib9

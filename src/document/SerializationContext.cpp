@@ -8,6 +8,14 @@
 
 namespace NxXmlLib9 {
 
+namespace {
+
+// Deep enough for any real document, shallow enough that the recursive
+// reading walks stay far inside a default thread stack.
+const unsigned long DEFAULT_MAXIMUM_DEPTH = 10000;
+
+} // namespace
+
 CXmlSerializationContext CXmlSerializationContext::m_defaultContext;
 
 CXmlSerializationContext::CXmlSerializationContext()
@@ -20,7 +28,8 @@ CXmlSerializationContext::CXmlSerializationContext()
       m_ignoreNamespaces(false),
       m_schemaType(SchemaTypeDefault),
       m_noOptionalAttributeDefaultOutput(false),
-      m_stripCDATA(true)
+      m_stripCDATA(true),
+      m_maximumDepth(DEFAULT_MAXIMUM_DEPTH)
 {
 }
 
@@ -40,7 +49,8 @@ CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContex
       m_schemaType(other.m_schemaType),
       m_noOptionalAttributeDefaultOutput(other.m_noOptionalAttributeDefaultOutput),
       m_fiContext(other.m_fiContext),
-      m_stripCDATA(other.m_stripCDATA)
+      m_stripCDATA(other.m_stripCDATA),
+      m_maximumDepth(other.m_maximumDepth)
 {
 }
 
