@@ -2,6 +2,7 @@
 // the root element of a write.
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <string>
 #include <vector>
@@ -139,12 +140,18 @@ public:
     const CFastInfosetContext& GetFIContext() const { return m_fiContext; }
 
 private:
+    // A new reference on the collection, or null.
+    static CAttributeCol* Share(const std::atomic<CAttributeCol*>& attributes);
+
     std::string m_defaultNamespaceURI;
     bool m_writeTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;
     // Extra attributes of the root element: an attribute collection made on
     // first request, which a const context may do, and shared by copies.
-    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
+    // Every root write asks for it, and threads may write with one context
+    // at once, so the pointer is published atomically; it holds one
+    // reference while set.
+    mutable std::atomic<CAttributeCol*> m_additionalRootAttributes;
     std::vector<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     bool m_ignoreInvalidCollectionCounts;
