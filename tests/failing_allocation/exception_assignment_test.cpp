@@ -1,6 +1,8 @@
 // An assignment whose copy of the message fails must leave nothing behind:
 // the inner failure cloned for it is freed. Allocation failure is staged by
-// this program's own operator new, which fails once on a chosen size.
+// this program's own operator new, which fails once on a chosen size; a
+// memory checker's allocator would contradict it, so this program stands
+// apart from the test_* programs that also run under one.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
