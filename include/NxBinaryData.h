@@ -28,6 +28,11 @@ public:
         long long AddRef();
         unsigned char* GetData() const { return m_pData; }
         unsigned long GetLength() const { return m_nLength; }
+        // The byte at index, for an index up to the length. The index equal
+        // to the length is the byte past the end: inside the array when it
+        // has room, else a spare byte of the holder, so that it never lies
+        // outside the holder's memory.
+        unsigned char& At(unsigned long index);
         // Appends in place; fails when the holder is shared.
         void Append(unsigned char* data, unsigned long length);
         // Grows the array to hold capacity bytes in all; never shrinks it.
@@ -49,6 +54,7 @@ public:
         unsigned long m_nCapacity;
         long m_nRefCount;
         CNXCriticalSection m_cs;
+        unsigned char m_spare;
     };
 
     CBinaryData();

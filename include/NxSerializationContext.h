@@ -2,6 +2,7 @@
 // the root element of a write.
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <string>
 #include <vector>
@@ -128,16 +129,29 @@ public:
     // returned, since there is no setter.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
+    // The deepest nesting of elements a document load accepts: the reading
+    // walks take stack space per level, so a hostile document must not nest
+    // without bound. A load that opens an element deeper than this throws
+    // CNxException. 0 means no limit; the default is 10000.
+    unsigned long GetMaximumDepth() const { return m_maximumDepth; }
+    void SetMaximumDepth(unsigned long maximumDepth) { m_maximumDepth = maximumDepth; }
+
     CFastInfosetContext& GetFIContext() { return m_fiContext; }
     const CFastInfosetContext& GetFIContext() const { return m_fiContext; }
 
 private:
+    // A new reference on the collection, or null.
+    static CAttributeCol* Share(const std::atomic<CAttributeCol*>& attributes);
+
     std::string m_defaultNamespaceURI;
     bool m_writeTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;
     // Extra attributes of the root element: an attribute collection made on
     // first request, which a const context may do, and shared by copies.
-    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
+    // Every root write asks for it, and threads may write with one context
+    // at once, so the pointer is published atomically; it holds one
+    // reference while set.
+    mutable std::atomic<CAttributeCol*> m_additionalRootAttributes;
     std::vector<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     bool m_ignoreInvalidCollectionCounts;
@@ -150,6 +164,7 @@ private:
     bool m_noOptionalAttributeDefaultOutput;
     CFastInfosetContext m_fiContext;
     bool m_stripCDATA;
+    unsigned long m_maximumDepth;
 };
 
 } // namespace NxXmlLib9

@@ -12,7 +12,20 @@ CXmlCollection::CXmlCollection(const char* elementName, const char* namespaceUri
 {
 }
 
-CXmlCollection::~CXmlCollection() { Clear(); }
+// A destructor tells no listener: one that threw here would end the
+// process. The nodes go from the head, each releasing its item.
+CXmlCollection::~CXmlCollection()
+{
+    while (CNode* node = m_head) {
+        m_head = node->next;
+        if (m_head)
+            m_head->previous = nullptr;
+        else
+            m_tail = nullptr;
+        --m_count;
+        delete node;
+    }
+}
 
 int CXmlCollection::GetCount() const { return m_count; }
 

@@ -83,6 +83,11 @@ void CExpatReader::CreateParser()
         throw std::bad_alloc();
 
     XML_SetUserData(m_parser, this);
+    // A document never makes the reader open a file or a URL: no external
+    // entity handler is set, so external entities are skipped, and neither
+    // the external DTD nor external parameter entities are read. Expat's own
+    // guard against entity expansion bombs stays at its defaults.
+    XML_SetParamEntityParsing(m_parser, XML_PARAM_ENTITY_PARSING_NEVER);
     XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
     // Without namespace processing the parser never calls these.
     XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);

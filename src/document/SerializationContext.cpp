@@ -8,10 +8,19 @@
 
 namespace NxXmlLib9 {
 
+namespace {
+
+// Deep enough for any real document, shallow enough that the recursive
+// reading walks stay far inside a default thread stack.
+const unsigned long DEFAULT_MAXIMUM_DEPTH = 10000;
+
+} // namespace
+
 CXmlSerializationContext CXmlSerializationContext::m_defaultContext;
 
 CXmlSerializationContext::CXmlSerializationContext()
     : m_writeTypeAttribute(true),
+      m_additionalRootAttributes(nullptr),
       m_ignoreInvalidCollectionCounts(false),
       m_ignoreMissingChoice(false),
       m_ignoreMissingMandatoryElements(false),
@@ -20,7 +29,8 @@ CXmlSerializationContext::CXmlSerializationContext()
       m_ignoreNamespaces(false),
       m_schemaType(SchemaTypeDefault),
       m_noOptionalAttributeDefaultOutput(false),
-      m_stripCDATA(true)
+      m_stripCDATA(true),
+      m_maximumDepth(DEFAULT_MAXIMUM_DEPTH)
 {
 }
 
@@ -28,7 +38,7 @@ CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContex
     : m_defaultNamespaceURI(other.m_defaultNamespaceURI),
       m_writeTypeAttribute(other.m_writeTypeAttribute),
       m_namespaceAliases(other.m_namespaceAliases),
-      m_additionalRootAttributes(other.m_additionalRootAttributes),
+      m_additionalRootAttributes(Share(other.m_additionalRootAttributes)),
       m_processingInstructions(other.m_processingInstructions),
       m_inLineSchema(other.m_inLineSchema),
       m_ignoreInvalidCollectionCounts(other.m_ignoreInvalidCollectionCounts),
@@ -40,13 +50,50 @@ CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContex
       m_schemaType(other.m_schemaType),
       m_noOptionalAttributeDefaultOutput(other.m_noOptionalAttributeDefaultOutput),
       m_fiContext(other.m_fiContext),
-      m_stripCDATA(other.m_stripCDATA)
+      m_stripCDATA(other.m_stripCDATA),
+      m_maximumDepth(other.m_maximumDepth)
 {
 }
 
-CXmlSerializationContext& CXmlSerializationContext::operator=(const CXmlSerializationContext& other) = default;
+CXmlSerializationContext& CXmlSerializationContext::operator=(const CXmlSerializationContext& other)
+{
+    if (this == &other)
+        return *this;
+    CXmlSerializationContext copy(other);
+    m_defaultNamespaceURI = std::move(copy.m_defaultNamespaceURI);
+    m_writeTypeAttribute = copy.m_writeTypeAttribute;
+    m_namespaceAliases = std::move(copy.m_namespaceAliases);
+    // The copy's reference moves over; ours goes with the copy.
+    m_additionalRootAttributes = copy.m_additionalRootAttributes.exchange(m_additionalRootAttributes.load());
+    m_processingInstructions = std::move(copy.m_processingInstructions);
+    m_inLineSchema = std::move(copy.m_inLineSchema);
+    m_ignoreInvalidCollectionCounts = copy.m_ignoreInvalidCollectionCounts;
+    m_ignoreMissingChoice = copy.m_ignoreMissingChoice;
+    m_ignoreMissingMandatoryElements = copy.m_ignoreMissingMandatoryElements;
+    m_ignoreUnknownElements = copy.m_ignoreUnknownElements;
+    m_ignoreUnknownAttributes = copy.m_ignoreUnknownAttributes;
+    m_ignoreNamespaces = copy.m_ignoreNamespaces;
+    m_schemaType = copy.m_schemaType;
+    m_noOptionalAttributeDefaultOutput = copy.m_noOptionalAttributeDefaultOutput;
+    m_fiContext = copy.m_fiContext;
+    m_stripCDATA = copy.m_stripCDATA;
+    m_maximumDepth = copy.m_maximumDepth;
+    return *this;
+}
 
-CXmlSerializationContext::~CXmlSerializationContext() = default;
+CXmlSerializationContext::~CXmlSerializationContext()
+{
+    if (CAttributeCol* attributes = m_additionalRootAttributes.load())
+        attributes->Release();
+}
+
+CAttributeCol* CXmlSerializationContext::Share(const std::atomic<CAttributeCol*>& attributes)
+{
+    CAttributeCol* shared = attributes.load(std::memory_order_acquire);
+    if (shared)
+        shared->AddRef();
+    return shared;
+}
 
 void CXmlSerializationContext::SetIgnoreUnknownElements(bool value)
 {
@@ -68,11 +115,21 @@ void CXmlSerializationContext::SetIgnoreMissingMandatoryElements(bool value)
     m_ignoreMissingMandatoryElements = value;
 }
 
+// Threads that ask first at the same time each make a collection; one
+// publishes its own and the others drop theirs and take the published one.
+// Later requests only load the pointer.
 CSmartPtr<CAttributeCol> CXmlSerializationContext::GetAdditionalRootAttributes() const
 {
-    if (!m_additionalRootAttributes)
-        m_additionalRootAttributes = new CAttributeCol("", "##any", "");
-    return m_additionalRootAttributes;
+    CAttributeCol* attributes = m_additionalRootAttributes.load(std::memory_order_acquire);
+    if (!attributes) {
+        CSmartPtr<CAttributeCol> made(new CAttributeCol("", "##any", ""));
+        made->AddRef();
+        if (m_additionalRootAttributes.compare_exchange_strong(attributes, made, std::memory_order_acq_rel))
+            attributes = made;
+        else
+            made->Release();
+    }
+    return attributes;
 }
 
 void CXmlSerializationContext::SetDefaultNamespaceURI(const char* uri)

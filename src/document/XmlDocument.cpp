@@ -116,6 +116,12 @@ CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char*
 {
     if (m_openElements.empty())
         throw CNxInvalidStateException("No element is open to take a child element");
+    // Both parsers open every element below the root here, so this one test
+    // bounds the depth of every tree, whatever the input's form.
+    const unsigned long maximumDepth = m_context.GetMaximumDepth();
+    if (maximumDepth != 0 && m_openElements.size() >= maximumDepth)
+        throw CNxException(
+            FormatString("Failed to parse the document. It is nested deeper than [%lu] levels.", maximumDepth));
     // Linked first: the parent owns the child even if the push fails.
     CXmlElement* element = m_openElements.back()->CreateNewChildElement();
     element->SetNamespace(namespaceUri ? namespaceUri : "");

@@ -13,6 +13,7 @@
 #include "NxBinaryData.h"
 #include "NxEncoder.h"
 #include "NxFoundation.h"
+#include "facets/PatternTranslation.h"
 
 namespace NxXmlLib9 {
 
@@ -48,10 +49,16 @@ using CompiledPattern = std::unique_ptr<pcre, CompiledPatternDeleter>;
 
 } // namespace
 
-bool TestRegEx(std::string pattern, std::string value)
+std::string TranslateXsdPattern(std::string pattern)
 {
     for (const Rewrite& rewrite : kRewrites)
         FindReplace(pattern, rewrite.find, rewrite.replaceWith);
+    return pattern;
+}
+
+bool TestRegEx(std::string pattern, std::string value)
+{
+    pattern = TranslateXsdPattern(std::move(pattern));
 
     const char* error = nullptr;
     int errorOffset = 0;

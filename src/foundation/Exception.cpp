@@ -1,5 +1,7 @@
 #include "NxException.h"
 
+#include <memory>
+
 namespace NxXmlLib9 {
 
 CNxException::CNxException() : m_inner(nullptr) {}
@@ -26,10 +28,12 @@ CNxException::~CNxException()
 // to itself, or to a member of its own chain, stays valid.
 CNxException& CNxException::operator=(const CNxException& other)
 {
-    CNxException* inner = other.m_inner ? other.m_inner->Clone() : nullptr;
+    // Held until the message is in place: a failed copy of the message
+    // leaves this failure as it was and frees the clone.
+    std::unique_ptr<CNxException> inner(other.m_inner ? other.m_inner->Clone() : nullptr);
     m_message = other.m_message;
     delete m_inner;
-    m_inner = inner;
+    m_inner = inner.release();
     return *this;
 }
 

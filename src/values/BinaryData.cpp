@@ -140,7 +140,7 @@ const unsigned char& CBinaryData::operator[](unsigned long index) const
 {
     if (!m_pHolder || !m_pHolder->GetData() || index > m_pHolder->GetLength())
         ThrowIndexOutOfRange(index);
-    return m_pHolder->GetData()[index];
+    return m_pHolder->At(index);
 }
 
 unsigned char& CBinaryData::operator[](unsigned long index)
@@ -148,7 +148,7 @@ unsigned char& CBinaryData::operator[](unsigned long index)
     if (!m_pHolder || !m_pHolder->GetData() || index > m_pHolder->GetLength())
         ThrowIndexOutOfRange(index);
     m_pHolder = m_pHolder->GetExclusiveCopy();
-    return m_pHolder->GetData()[index];
+    return m_pHolder->At(index);
 }
 
 void CBinaryData::Append(unsigned char* data, unsigned long length)

@@ -40,7 +40,7 @@ const unsigned long kMinimumCapacity = 8192;
 using CDataHolder = CBinaryData::CDataHolder;
 
 CDataHolder::CDataHolder(unsigned char* data, unsigned long length, bool adopt)
-    : m_pData(nullptr), m_nLength(data ? length : 0), m_nCapacity(0), m_nRefCount(1)
+    : m_pData(nullptr), m_nLength(data ? length : 0), m_nCapacity(0), m_nRefCount(1), m_spare(0)
 {
     if (adopt) {
         m_pData = data;
@@ -63,6 +63,11 @@ CDataHolder::CDataHolder(unsigned char* data, unsigned long length, bool adopt)
 CDataHolder::~CDataHolder()
 {
     delete[] m_pData;
+}
+
+unsigned char& CDataHolder::At(unsigned long index)
+{
+    return index < m_nCapacity ? m_pData[index] : m_spare;
 }
 
 long long CDataHolder::AddRef()

@@ -117,7 +117,9 @@ TEST(XmlDocumentLoad, DeepDocumentsLoadAndFreeWithoutRecursion)
         xml += "<e>";
     for (int i = 0; i < depth; ++i)
         xml += "</e>";
-    CXmlDocument document;
+    CXmlSerializationContext unlimited;
+    unlimited.SetMaximumDepth(0);
+    CXmlDocument document(unlimited);
     document.LoadXml(xml.c_str());
     int levels = 0;
     for (const CXmlElement* element = document.GetDocumentElement(); element; element = element->GetFirstElement())

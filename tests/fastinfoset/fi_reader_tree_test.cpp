@@ -166,7 +166,9 @@ TEST(FastInfosetReaderTree, DeepNestingReadsWithoutRecursion)
     for (int i = 1; i < depth; ++i)
         bytes.push_back(0x00);  // index 1: the name a again
     bytes.insert(bytes.end(), depth / 2, 0xFF);
-    CXmlDocument document;
+    CXmlSerializationContext unlimited;
+    unlimited.SetMaximumDepth(0);
+    CXmlDocument document(unlimited);
     Load(document, bytes);
     int levels = 0;
     for (const CXmlElement* e = document.GetDocumentElement(); e; e = e->GetFirstElement())

@@ -181,6 +181,17 @@ TEST(BinaryDataIndex, BoundIsTheLengthItself)
     EXPECT_EQ(MessageOf([&] { data[5] = 0; }), "Index Out of range [5]");
     CBinaryData empty;
     EXPECT_EQ(MessageOf([&] { (void)empty[0]; }), "Index Out of range [0]");
+
+    // An adopted array of exact size has no byte past its end: the index
+    // equal to the length still passes, but reaches a byte of the holder.
+    CBinaryData adopted(new unsigned char[2]{'x', 'y'}, 2, true);
+    const CBinaryData& adoptedConstant = adopted;
+    const unsigned char* end = adopted.GetData() + 2;
+    EXPECT_NE(&adoptedConstant[2], end);
+    adopted[2] = 'z';
+    EXPECT_EQ(adoptedConstant[2], 'z');
+    EXPECT_EQ(adopted.GetLength(), 2u);
+    EXPECT_EQ(adoptedConstant[1], 'y');
 }
 
 TEST(BinaryDataCompare, EmptinessMeansNoHolder)
