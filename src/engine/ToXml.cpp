@@ -20,7 +20,7 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool format, EOLType eo
         writer.WriteStartDocument();
     ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     writer.Close();
-    return std::string(stream.GetText(), stream.GetLength());
+    return stream.GetString();
 }
 
 } // namespace NxXmlLib9
