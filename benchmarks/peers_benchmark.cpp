@@ -13,6 +13,8 @@
 // as a multiple of the XML text's size.
 //
 // Usage: peers_benchmark [rounds]   (default 7)
+//        peers_benchmark --only NAME RECORDS   one run of one operation, for
+//        a profiler (NAME as printed, e.g. FromXml)
 #include "NxXmlLib9.h"
 #include "PeopleClasses.h"
 
@@ -279,6 +281,19 @@ struct VersionRegistration {
 
 int main(int argc, char** argv)
 {
+    if (argc == 4 && std::strcmp(argv[1], "--only") == 0) {
+        Documents docs;
+        docs.records = std::atol(argv[3]);
+        docs.people = MakePeople(docs.records);
+        docs.text = docs.people->ToXml(false, false);
+        docs.binary = docs.people->ToFastInfosetStream();
+        for (const auto& operation : Operations())
+            if (operation.name == std::string(argv[2])) {
+                operation.run(docs);
+                return 0;
+            }
+        Fail("no such operation");
+    }
     const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 7;
     const long sizes[] = {1000, 10000, 100000};
     std::vector<SizeResult> results;
