@@ -53,6 +53,8 @@ private:
     static void Guarded(void* userData, Step step);
     std::string ToLocal(const char* text, int length);
     static std::string ToLocal(const char* text);
+    void InternName(const char* name, bool useScratch, const std::string*& namespaceUri,
+                    const std::string*& localName);
     void FreeParser();
 
     CXmlDocument& m_document;

@@ -2,6 +2,7 @@
 // holds its characters.
 #pragma once
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -42,19 +43,39 @@ public:
     void Clear();
     // Forgets the text. A single block is kept, zeroed, for reuse.
     void Empty();
-    // Starts a fresh, zero-filled block and makes it the current one.
+    // Starts a fresh block, terminated at its capacity, and makes it the
+    // current one.
     void AddNewBlock();
 
-    void Append(char c);
+    // The common case, a piece that fits the current block, is inline.
+    void Append(char c)
+    {
+        if (m_position == m_capacity)
+            AddNewBlock();
+        m_currentBlock[m_position++] = c;
+        ++m_totalLength;
+    }
     // Appends up to the first zero byte; a null pointer appends nothing.
     void Append(const char* text);
     // Appends up to the first zero byte inside the string.
     void Append(const std::string& text);
     // Appends exactly length bytes, zero bytes included.
-    void Append(const char* text, unsigned long length);
+    void Append(const char* text, unsigned long length)
+    {
+        if (text && length != 0 && length <= m_capacity - m_position) {
+            std::memcpy(m_currentBlock + m_position, text, length);
+            m_position += length;
+            m_totalLength += length;
+            return;
+        }
+        AppendAcrossBlocks(text, length);
+    }
 
     // Replaces the text.
     void SetText(const char* text);
+    // The whole text as one string, copied once from the blocks; the buffer
+    // stays as it is.
+    std::string ToString() const;
 
     // The whole text, zero terminated, valid until the next change. Several
     // blocks are joined into one first; the next append then starts a new
@@ -62,6 +83,8 @@ public:
     const char* GetText();
 
 private:
+    void AppendAcrossBlocks(const char* text, unsigned long length);
+
     std::vector<char*> m_blocks;
     std::vector<unsigned long> m_blockSizes;
     unsigned long m_blockSize;
@@ -90,6 +113,8 @@ public:
     XmlEncoding GetEncoding() const;
     // The buffered text, zero terminated, valid until the next change.
     const char* GetText() const;
+    // The text as a string, in one copy.
+    std::string GetString() const { return m_buffer.ToString(); }
     // The text as bytes of the stream's encoding: UTF-8 for XmlEncodingUTF8,
     // 4-byte wide units in native order for the two wide encodings. Any other
     // encoding raises.

@@ -5,8 +5,12 @@
 // gathers all its character data.
 #pragma once
 
+#include <deque>
 #include <map>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "NxFoundation.h"
@@ -25,8 +29,8 @@ public:
     CXmlAttribute(const CXmlAttribute&) = delete;
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
-    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
-    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
+    const std::string& GetLocalName() const { return *m_localName; }
     const std::string& GetValue() const { return m_value; }
 
     // True for xmlns, type, schemaLocation and noNamespaceSchemaLocation in
@@ -37,9 +41,18 @@ public:
     bool IsNilAttribute() const;
 
 private:
-    std::string m_localName;
+    friend class CXmlElement;
+    struct OwnNames;
+
+    // Over names interned by the element's document, which outlive it.
+    CXmlAttribute(const std::string* localName, std::string&& value, const std::string* namespaceUri);
+
+    // Name and namespace point into the document's interned names, or into
+    // the attribute's own copies when it was made without a document.
+    const std::string* m_localName;
     std::string m_value;
-    std::string m_namespaceUri;
+    const std::string* m_namespaceUri;
+    std::unique_ptr<OwnNames> m_ownNames;
 };
 
 class CXmlElement : public CInstanceMonitor {
@@ -54,9 +67,9 @@ public:
     // as long as the element.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
-    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
+    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
     // Without prefix; in namespace-free mode the name as written.
-    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetLocalName() const { return *m_localName; }
     // All character data of the element, concatenated, without carriage
     // returns.
     const std::string& GetText() const { return m_text; }
@@ -86,6 +99,15 @@ public:
 
 private:
     friend class CXmlDocument;
+    friend class CExpatReader;
+    struct OwnNames;
+
+    // The parsers' forms: names already interned by the document.
+    void SetInternedNames(const std::string& namespaceUri, const std::string& localName);
+    void AddInternedAttribute(const std::string& localName, std::string&& value, const std::string& namespaceUri);
+    // The name's copy that outlives this element: interned by the document,
+    // or kept in the element's own copies when there is no document.
+    const std::string& KeepName(const std::string& name, bool isNamespace);
 
     const CXmlDocument* m_document;
     CXmlElement* m_nextSibling;
@@ -93,8 +115,11 @@ private:
     CXmlElement* m_lastChild;
     std::vector<CXmlAttribute*> m_attributes;
     std::string m_text;
-    std::string m_localName;
-    std::string m_namespaceUri;
+    // Name and namespace point into the document's interned names (the
+    // same few strings serve every element), or into m_ownNames.
+    const std::string* m_localName;
+    const std::string* m_namespaceUri;
+    std::unique_ptr<OwnNames> m_ownNames;
 };
 
 // Loads one input and owns the tree built from it. Strings, narrow and wide,
@@ -172,6 +197,15 @@ public:
 private:
     friend class CExpatReader;
     friend class CFastInfosetReader;
+    friend class CXmlElement;
+
+    // The one copy of a name or namespace URI that every node of this
+    // document shares; it stays until the next Cleanup.
+    const std::string& Intern(std::string_view text) const;
+    // AddDocElement and AddChildElement over names already interned: every
+    // element of either parser is added through these two.
+    CXmlElement* AddInternedDocElement(const std::string& namespaceUri, const std::string& localName);
+    CXmlElement* AddInternedChildElement(const std::string& namespaceUri, const std::string& localName);
 
     void FreeContent();
     static void ReleaseTextSlack(CXmlElement* element);
@@ -189,6 +223,10 @@ private:
     SchemaType m_schemaType;
     bool (*m_filter)(CXmlElement*);
     const CXmlSerializationContext& m_context;
+    // Interned names: the deque keeps each string in place, the index finds
+    // it by its text.
+    mutable std::deque<std::string> m_names;
+    mutable std::unordered_map<std::string_view, const std::string*> m_nameIndex;
 };
 
 // Stored for the callers that set it; reading files does not depend on it.

@@ -4,6 +4,7 @@
 // protected walks ToXml_Int and FromXml_Int.
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include "NxBinaryData.h"
@@ -126,8 +127,9 @@ public:
     virtual std::string GetTargetNamespace() const = 0;
     virtual std::string GetNamespace() const = 0;
 
-    // Reference count, guarded by the object's own lock. Release deletes the
-    // object when the count reaches zero. Both return the new count.
+    // Reference count, an atomic: it is the only state a lock would guard.
+    // Release deletes the object when the count reaches zero. Both return
+    // the new count.
     long long AddRef();
     long long Release();
 
@@ -199,8 +201,7 @@ protected:
 
 private:
     std::string m_elementName;
-    CNXCriticalSection m_lock;
-    long long m_refCount;
+    std::atomic<long long> m_refCount;
 };
 
 } // namespace NxXmlLib9

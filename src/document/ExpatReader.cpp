@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <string_view>
 
 namespace NxXmlLib9 {
 
@@ -23,21 +24,6 @@ const char NAMESPACE_SEPARATOR = '|';
 // beside the input, whatever the input's size. They also keep every length
 // within the parser's int argument.
 const unsigned long PARSE_SLICE = 1UL << 20;
-
-// Splits "URI|local" in place at the first separator; a name without one
-// has no namespace.
-void SplitName(std::string& name, const char*& namespaceUri, const char*& localName)
-{
-    const size_t separator = name.find(NAMESPACE_SEPARATOR);
-    if (separator == std::string::npos) {
-        namespaceUri = "";
-        localName = name.c_str();
-        return;
-    }
-    name[separator] = '\0';
-    namespaceUri = name.c_str();
-    localName = name.c_str() + separator + 1;
-}
 
 } // namespace
 
@@ -167,24 +153,50 @@ std::string CExpatReader::ToLocal(const char* text)
     return CEncoder::Utf8ToLocalCodePage(text);
 }
 
+// The document's interned namespace URI and local name of a name the
+// parser reports. A 7-bit name reads the same in the local code page and is
+// split where it lies; any other is converted first.
+void CExpatReader::InternName(const char* name, bool useScratch, const std::string*& namespaceUri,
+                              const std::string*& localName)
+{
+    const size_t length = std::strlen(name);
+    std::string converted;
+    if (DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(name)),
+                                                    static_cast<unsigned long>(length))) {
+        converted = useScratch ? ToLocal(name, static_cast<int>(length)) : ToLocal(name);
+        name = converted.c_str();
+    }
+    const std::string_view whole(name);
+    const size_t separator = whole.find(NAMESPACE_SEPARATOR);
+    if (separator == std::string_view::npos) {
+        namespaceUri = &m_document.Intern(std::string_view());
+        localName = &m_document.Intern(whole);
+        return;
+    }
+    namespaceUri = &m_document.Intern(whole.substr(0, separator));
+    localName = &m_document.Intern(whole.substr(separator + 1));
+}
+
 void CExpatReader::FnStartElement(void* userData, const char* name, const char** attributes)
 {
     Guarded(userData, [name, attributes](CExpatReader& reader) {
         CXmlDocument& document = reader.m_document;
-        std::string localText = reader.ToLocal(name, static_cast<int>(std::strlen(name)));
-        const char* namespaceUri = nullptr;
-        const char* localName = nullptr;
-        SplitName(localText, namespaceUri, localName);
-        CXmlElement* element = document.GetDocumentElement() ? document.AddChildElement(namespaceUri, localName)
-                                                              : document.AddDocElement(namespaceUri, localName);
-
+        const std::string* namespaceUri = nullptr;
+        const std::string* localName = nullptr;
+        reader.InternName(name, true, namespaceUri, localName);
+        CXmlElement* element = document.GetDocumentElement()
+                                   ? document.AddInternedChildElement(*namespaceUri, *localName)
+                                   : document.AddInternedDocElement(*namespaceUri, *localName);
         for (const char** attribute = attributes; attribute && attribute[0]; attribute += 2) {
-            std::string attributeName = ToLocal(attribute[0]);
-            const std::string value = ToLocal(attribute[1]);
-            const char* attributeNamespace = nullptr;
-            const char* attributeLocalName = nullptr;
-            SplitName(attributeName, attributeNamespace, attributeLocalName);
-            CXmlDocument::AddElementAttribute(element, attributeLocalName, value, attributeNamespace);
+            reader.InternName(attribute[0], false, namespaceUri, localName);
+            const char* value = attribute[1];
+            const size_t valueLength = std::strlen(value);
+            std::string localValue =
+                DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(value)),
+                                                            static_cast<unsigned long>(valueLength))
+                    ? ToLocal(value)
+                    : std::string(value, valueLength);
+            element->AddInternedAttribute(*localName, std::move(localValue), *namespaceUri);
         }
     });
 }

@@ -15,8 +15,20 @@ bool InInstanceOrXmlnsNamespace(const std::string& namespaceUri)
 
 } // namespace
 
+struct CXmlAttribute::OwnNames {
+    std::string localName;
+    std::string namespaceUri;
+};
+
 CXmlAttribute::CXmlAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri)
-    : CInstanceMonitor("CXmlAttribute"), m_localName(localName), m_value(value), m_namespaceUri(namespaceUri)
+    : CInstanceMonitor("CXmlAttribute"), m_value(value), m_ownNames(new OwnNames{localName, namespaceUri})
+{
+    m_localName = &m_ownNames->localName;
+    m_namespaceUri = &m_ownNames->namespaceUri;
+}
+
+CXmlAttribute::CXmlAttribute(const std::string* localName, std::string&& value, const std::string* namespaceUri)
+    : CInstanceMonitor("CXmlAttribute"), m_localName(localName), m_value(std::move(value)), m_namespaceUri(namespaceUri)
 {
 }
 
@@ -24,14 +36,14 @@ CXmlAttribute::~CXmlAttribute() = default;
 
 bool CXmlAttribute::IsNamespaceAttribute() const
 {
-    return InInstanceOrXmlnsNamespace(m_namespaceUri) &&
-           (m_localName == "xmlns" || m_localName == "type" || m_localName == "schemaLocation" ||
-            m_localName == "noNamespaceSchemaLocation");
+    const std::string& name = *m_localName;
+    return InInstanceOrXmlnsNamespace(*m_namespaceUri) &&
+           (name == "xmlns" || name == "type" || name == "schemaLocation" || name == "noNamespaceSchemaLocation");
 }
 
 bool CXmlAttribute::IsNilAttribute() const
 {
-    return InInstanceOrXmlnsNamespace(m_namespaceUri) && m_localName == "nil";
+    return InInstanceOrXmlnsNamespace(*m_namespaceUri) && *m_localName == "nil";
 }
 
 } // namespace NxXmlLib9

@@ -83,6 +83,23 @@ void CXmlDocument::FreeContent()
     m_inputSize = 0;
     m_openElements.clear();
     m_prefixMap.clear();
+    m_nameIndex.clear();
+    m_names.clear();
+}
+
+const std::string& CXmlDocument::Intern(std::string_view text) const
+{
+    const auto found = m_nameIndex.find(text);
+    if (found != m_nameIndex.end())
+        return *found->second;
+    const std::string& name = m_names.emplace_back(text);
+    try {
+        m_nameIndex.emplace(std::string_view(name), &name);
+    } catch (...) {
+        m_names.pop_back();
+        throw;
+    }
+    return name;
 }
 
 void CXmlDocument::AdoptInput(unsigned char* buffer, unsigned long size)
@@ -100,9 +117,18 @@ std::string CXmlDocument::LookupNamespaceFromAlias(const char* alias) const
 
 CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* localName)
 {
+    return AddInternedDocElement(Intern(namespaceUri ? namespaceUri : ""), Intern(localName ? localName : ""));
+}
+
+CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName)
+{
+    return AddInternedChildElement(Intern(namespaceUri ? namespaceUri : ""), Intern(localName ? localName : ""));
+}
+
+CXmlElement* CXmlDocument::AddInternedDocElement(const std::string& namespaceUri, const std::string& localName)
+{
     std::unique_ptr<CXmlElement> element(new CXmlElement(this));
-    element->SetNamespace(namespaceUri ? namespaceUri : "");
-    element->SetElementName(localName ? localName : "");
+    element->SetInternedNames(namespaceUri, localName);
     // A second root replaces the first, whose open elements die with it.
     delete m_documentElement;
     m_documentElement = nullptr;
@@ -112,7 +138,7 @@ CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* l
     return m_documentElement;
 }
 
-CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName)
+CXmlElement* CXmlDocument::AddInternedChildElement(const std::string& namespaceUri, const std::string& localName)
 {
     if (m_openElements.empty())
         throw CNxInvalidStateException("No element is open to take a child element");
@@ -124,8 +150,7 @@ CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char*
             FormatString("Failed to parse the document. It is nested deeper than [%lu] levels.", maximumDepth));
     // Linked first: the parent owns the child even if the push fails.
     CXmlElement* element = m_openElements.back()->CreateNewChildElement();
-    element->SetNamespace(namespaceUri ? namespaceUri : "");
-    element->SetElementName(localName ? localName : "");
+    element->SetInternedNames(namespaceUri, localName);
     m_openElements.push_back(element);
     return element;
 }

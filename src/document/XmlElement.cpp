@@ -7,12 +7,30 @@
 
 namespace NxXmlLib9 {
 
+namespace {
+
+// What an element without a name or namespace points to.
+const std::string& EmptyName()
+{
+    static const std::string empty;
+    return empty;
+}
+
+} // namespace
+
+struct CXmlElement::OwnNames {
+    std::string localName;
+    std::string namespaceUri;
+};
+
 CXmlElement::CXmlElement(const CXmlDocument* document)
     : CInstanceMonitor("CXmlElement"),
       m_document(document),
       m_nextSibling(nullptr),
       m_firstChild(nullptr),
-      m_lastChild(nullptr)
+      m_lastChild(nullptr),
+      m_localName(&EmptyName()),
+      m_namespaceUri(&EmptyName())
 {
 }
 
@@ -49,22 +67,55 @@ const std::string& CXmlElement::GetAttribute(const std::string& localName, const
     return missing;
 }
 
+const std::string& CXmlElement::KeepName(const std::string& name, bool isNamespace)
+{
+    if (m_document)
+        return m_document->Intern(name);
+    if (!m_ownNames)
+        m_ownNames.reset(new OwnNames);
+    std::string& own = isNamespace ? m_ownNames->namespaceUri : m_ownNames->localName;
+    own = name;
+    return own;
+}
+
 void CXmlElement::SetNamespace(const std::string& namespaceUri)
 {
-    m_namespaceUri = namespaceUri;
+    m_namespaceUri = &KeepName(namespaceUri, true);
 }
 
 void CXmlElement::SetElementName(const std::string& localName)
 {
-    m_localName = localName;
+    m_localName = &KeepName(localName, false);
+}
+
+void CXmlElement::SetInternedNames(const std::string& namespaceUri, const std::string& localName)
+{
+    m_namespaceUri = &namespaceUri;
+    m_localName = &localName;
 }
 
 void CXmlElement::AddAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri)
 {
+    if (m_document) {
+        AddInternedAttribute(m_document->Intern(localName), std::string(value), m_document->Intern(namespaceUri));
+        return;
+    }
     // The slot is made first, so a failed allocation leaks no attribute.
     m_attributes.push_back(nullptr);
     try {
         m_attributes.back() = new CXmlAttribute(localName, value, namespaceUri);
+    } catch (...) {
+        m_attributes.pop_back();
+        throw;
+    }
+}
+
+void CXmlElement::AddInternedAttribute(const std::string& localName, std::string&& value,
+                                       const std::string& namespaceUri)
+{
+    m_attributes.push_back(nullptr);
+    try {
+        m_attributes.back() = new CXmlAttribute(&localName, std::move(value), &namespaceUri);
     } catch (...) {
         m_attributes.pop_back();
         throw;

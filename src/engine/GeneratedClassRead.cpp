@@ -5,6 +5,7 @@
 
 #include <strings.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "NxException.h"
@@ -40,6 +41,26 @@ void ReadNilAttribute(INillable* nillable, const CXmlAttribute* attribute)
         throw CNxValidationException(
             FormatString("Unexpected Value for Attribute [%s] found.", attribute->GetLocalName().c_str()));
 }
+
+// One flag per record: on the stack for the usual few, on the heap beyond.
+class FoundFlags {
+public:
+    explicit FoundFlags(size_t count) : m_flags(m_local)
+    {
+        if (count > sizeof m_local) {
+            m_heap.assign(count, 0);
+            m_flags = m_heap.data();
+        } else {
+            std::fill(m_local, m_local + count, 0);
+        }
+    }
+    char& operator[](size_t i) { return m_flags[i]; }
+
+private:
+    char m_local[64];
+    std::vector<char> m_heap;
+    char* m_flags;
+};
 
 } // namespace
 
@@ -106,7 +127,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
     size_t count = 0;
     while (entries[count])
         ++count;
-    std::vector<char> found(count, 0);
+    FoundFlags found(count);
 
     for (CXmlAttribute* attribute : element->GetAttributes()) {
         // Namespace declarations, xsi:type and the schema locations are
@@ -169,7 +190,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     CElementInfo** entries = GetClassElementInfo();
     const std::string classNamespace = GetNamespace();
     const size_t count = static_cast<size_t>(GetClassElementInfoCount());
-    std::vector<char> found(count, 0);
+    FoundFlags found(count);
 
     // Each pass offers the current element to every record not yet found,
     // so the elements may come in any order. A pass that consumes nothing

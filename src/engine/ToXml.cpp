@@ -16,7 +16,7 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool format, EOLType eo
     WriteTextDocument(stream, includeDocHeader, format, eol, [&](CXmlTextWriter& writer) {
         ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     });
-    return std::string(stream.GetText(), stream.GetLength());
+    return stream.GetString();
 }
 
 } // namespace NxXmlLib9

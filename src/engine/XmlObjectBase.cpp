@@ -33,17 +33,14 @@ void CXmlObjectBase::OnEvent(CXmlObjectBase*, IEventSink::MsgType, void*) {}
 
 long long CXmlObjectBase::AddRef()
 {
-    m_lock.Enter();
-    const long long count = ++m_refCount;
-    m_lock.Leave();
-    return count;
+    return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
 long long CXmlObjectBase::Release()
 {
-    m_lock.Enter();
-    const long long count = --m_refCount;
-    m_lock.Leave();
+    // Release order publishes this owner's writes; the deleting thread
+    // acquires them all before the object goes.
+    const long long count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
     if (count == 0)
         delete this;
     return count;

@@ -5,6 +5,7 @@
 #include "NxEncoder.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace NxXmlLib9 {
@@ -389,7 +390,16 @@ bool DoesUTF8StrContainAnyCharsLargerThanOneByte(unsigned char* data, unsigned l
 {
     if (!data)
         return false;
-    for (unsigned long i = 0; i < length; ++i) {
+    // Eight bytes at a time: any byte with its top bit set ends the test.
+    const uint64_t highBits = 0x8080808080808080ULL;
+    unsigned long i = 0;
+    for (; i + 8 <= length; i += 8) {
+        uint64_t word;
+        std::memcpy(&word, data + i, sizeof word);
+        if (word & highBits)
+            return true;
+    }
+    for (; i < length; ++i) {
         if (data[i] > 127)
             return true;
     }

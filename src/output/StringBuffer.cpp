@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 
 namespace NxXmlLib9 {
 
@@ -96,28 +97,27 @@ void CStringBuffer::Empty()
 
 void CStringBuffer::AddNewBlock()
 {
-    m_blocks.reserve(m_blocks.size() + 1);
-    m_blockSizes.reserve(m_blockSizes.size() + 1);
     // A block is normally left only when full. One left early (a direct
     // call) records what it holds, so that joining copies its text only.
     if (!m_blockSizes.empty())
         m_blockSizes.back() = m_position;
-    // One byte beyond the capacity stays zero, so every block is terminated.
-    char* block = new char[m_blockSize + 1]();
-    m_blocks.push_back(block);
-    m_blockSizes.push_back(m_blockSize);
-    m_currentBlock = block;
+    // One byte beyond the capacity is zero, so every full block is
+    // terminated; GetText terminates the last one where its text ends.
+    std::unique_ptr<char[]> block(new char[m_blockSize + 1]);
+    block[m_blockSize] = '\0';
+    // The lists grow geometrically; the block is owned until both hold it.
+    m_blocks.push_back(block.get());
+    try {
+        m_blockSizes.push_back(m_blockSize);
+    } catch (...) {
+        m_blocks.pop_back();
+        throw;
+    }
+    m_currentBlock = block.release();
     m_position = 0;
     m_capacity = m_blockSize;
 }
 
-void CStringBuffer::Append(char c)
-{
-    if (m_position == m_capacity)
-        AddNewBlock();
-    m_currentBlock[m_position++] = c;
-    ++m_totalLength;
-}
 
 void CStringBuffer::Append(const char* text)
 {
@@ -130,7 +130,7 @@ void CStringBuffer::Append(const std::string& text)
     Append(text.c_str());
 }
 
-void CStringBuffer::Append(const char* text, unsigned long length)
+void CStringBuffer::AppendAcrossBlocks(const char* text, unsigned long length)
 {
     if (!text || length == 0)
         return;
@@ -146,6 +146,17 @@ void CStringBuffer::Append(const char* text, unsigned long length)
     }
 }
 
+std::string CStringBuffer::ToString() const
+{
+    std::string text;
+    text.reserve(m_totalLength);
+    for (size_t i = 0; i + 1 < m_blocks.size(); ++i)
+        text.append(m_blocks[i], m_blockSizes[i]);
+    if (!m_blocks.empty())
+        text.append(m_currentBlock, m_position);
+    return text;
+}
+
 void CStringBuffer::SetText(const char* text)
 {
     Clear();
@@ -157,8 +168,10 @@ const char* CStringBuffer::GetText()
     static const char kEmpty[] = "";
     if (m_blocks.empty())
         return kEmpty;
-    if (m_blocks.size() == 1)
+    if (m_blocks.size() == 1) {
+        m_currentBlock[m_position] = '\0';
         return m_currentBlock;
+    }
 
     const unsigned long length = m_totalLength;
     char* joined = new char[length + 1];

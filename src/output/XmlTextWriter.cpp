@@ -88,9 +88,21 @@ void CXmlTextWriter::PadAndAppend(const char* text, bool isAttribute)
 {
     if (!text)
         return;
+    // Characters that end a run of plain text: the terminator, line ends
+    // and the five that are escaped.
+    static const struct SpecialTable {
+        bool special[256] = {};
+        SpecialTable()
+        {
+            for (unsigned char c : {'\0', '\n', '\r', '"', '&', '<', '>'})
+                special[c] = true;
+        }
+    } table;
     const char* run = text;
     const char* p = text;
     for (;; ++p) {
+        while (!table.special[static_cast<unsigned char>(*p)])
+            ++p;
         const char c = *p;
         const char* replacement;
         unsigned long replacementLength;

@@ -17,6 +17,22 @@ inline bool IsSeparator(char c)
     return c == ' ' || c == '\t' || c == '\n';
 }
 
+// True when collapsing would give the text back unchanged: no tab, line
+// feed or carriage return, and blanks only single and inside. Most values
+// are like that, and are then copied once instead of rebuilt.
+bool AlreadyCollapsed(const std::string& text)
+{
+    if (!text.empty() && (text.front() == ' ' || text.back() == ' '))
+        return false;
+    char previous = 0;
+    for (char c : text) {
+        if (c == '\t' || c == '\n' || c == kCarriageReturn || (c == ' ' && previous == ' '))
+            return false;
+        previous = c;
+    }
+    return true;
+}
+
 } // namespace
 
 bool CWhitespaceUtils::IsWhiteSpace(char c)
@@ -65,6 +81,8 @@ std::string CWhitespaceUtils::Replace(const std::string& text)
 
 std::string CWhitespaceUtils::Collapse(const std::string& text)
 {
+    if (AlreadyCollapsed(text))
+        return text;
     std::string result;
     result.reserve(text.size());
     // Starts set so that leading white space writes nothing. A carriage
