@@ -1,0 +1,149 @@
+#include "SupportCode.h"
+
+namespace nxxsd {
+
+const char* const kSupportCode = R"SUPPORT(#ifndef NXXSD_SUPPORT_9_0
+#define NXXSD_SUPPORT_9_0
+namespace NxXsdSupport {
+
+// The three record tables of one class, built once under the library's lock
+// on first use and taken down when the program ends.
+struct Tables {
+    using Build = void (*)(NxXmlLib9Data::CParentElementInfo*&, NxXmlLib9Data::CElementInfo**&,
+                           NxXmlLib9Data::CAttributeInfo**&);
+    // Constant-initialized, so that it is ready before any static object uses it.
+    constexpr explicit Tables(Build build) : m_build(build) {}
+    ~Tables() { NxXmlLib9::CXmlGeneratedClass::CleanMetaData(info, elements, attributes); }
+    Tables& Ensure()
+    {
+        if (m_built.load(std::memory_order_acquire))
+            return *this;
+        NxXmlLib9::CXmlGeneratedClass::m_csInit.Enter();
+        try {
+            if (!m_built.load(std::memory_order_relaxed)) {
+                m_build(info, elements, attributes);
+                m_built.store(true, std::memory_order_release);
+            }
+        } catch (...) {
+            NxXmlLib9::CXmlGeneratedClass::m_csInit.Leave();
+            throw;
+        }
+        NxXmlLib9::CXmlGeneratedClass::m_csInit.Leave();
+        return *this;
+    }
+    NxXmlLib9Data::CParentElementInfo* info = nullptr;
+    NxXmlLib9Data::CElementInfo** elements = nullptr;
+    NxXmlLib9Data::CAttributeInfo** attributes = nullptr;
+
+private:
+    Build m_build;
+    std::atomic<bool> m_built {false};
+};
+
+// A repeated child element of a complex type; each item is made from its
+// element by the factory, so that xsi:type works per item.
+template <class T>
+class ObjectCol : public NxXmlLib9::CXmlCollection {
+public:
+    using Make = NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> (*)(NxXmlLib9::CXmlElement*);
+    ObjectCol(const char* name, const char* ns, int minOccurs, int maxOccurs, Make make)
+        : CXmlCollection(name, ns, minOccurs, maxOccurs), m_make(make)
+    {
+    }
+    T* Item(int index) const
+    {
+        return dynamic_cast<T*>(static_cast<NxXmlLib9::CXmlObjectBase*>(GetNodeAtIndex(index)->item));
+    }
+    void Add(T* item) { AppendItem(item); }
+
+protected:
+    void ToXml_Int(NxXmlLib9::CXmlWriter* writer, bool, const char* elementNamespace,
+                   const NxXmlLib9::CXmlSerializationContext& context, bool) const override
+    {
+        for (NxXmlLib9::CNode* node = begin(); node != end(); node = node->next)
+            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
+    }
+    NxXmlLib9::CXmlElement* FromXml_Int(NxXmlLib9::CXmlElement*, NxXmlLib9::CXmlElement* cursor,
+                                        const NxXmlLib9::CXmlSerializationContext& context, bool) override
+    {
+        for (; cursor && NxXmlLib9::CXmlObjectHelper::DoesElementNameMatch(context, cursor, GetElementName(),
+                                                                           GetNamespace());
+             cursor = cursor->GetNextSiblingElement()) {
+            NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> item = m_make(cursor);
+            if (!item)
+                break;
+            CXmlObjectBase::FromXml_Int(item, cursor, cursor->GetFirstElement(), context);
+            AppendItem(item);
+        }
+        return cursor;
+    }
+
+private:
+    Make m_make;
+};
+
+// A repeated element of an enumeration, held as the enumeration's numbers.
+class EnumCol : public NxXmlLib9::CXmlTypeCollection {
+public:
+    EnumCol(const char* name, const char* ns, int minOccurs, int maxOccurs, const char* (*toText)(int),
+            int (*fromText)(const char*))
+        : CXmlTypeCollection(NxXmlLib9::ItemTypeString, name, ns, minOccurs, maxOccurs, nullptr, -1, -1, nullptr,
+                             nullptr, nullptr, nullptr, -1, NxXmlLib9::CWhitespaceUtils::WhitespaceRuleCollapse,
+                             nullptr),
+          m_toText(toText), m_fromText(fromText)
+    {
+    }
+    int GetCount() const override { return static_cast<int>(m_items.size()); }
+    void Clear() override { m_items.clear(); }
+    void Remove(int index) override { m_items.erase(m_items.begin() + index); }
+    void AddFromString(std::string text) override
+    {
+        m_items.push_back(m_fromText(NxXmlLib9::CWhitespaceUtils::ApplyRule(
+            NxXmlLib9::CWhitespaceUtils::WhitespaceRuleCollapse, text).c_str()));
+    }
+    void Add(int value)
+    {
+        m_toText(value); // refuses a number outside the enumeration
+        m_items.push_back(value);
+    }
+    int Item(int index) const { return m_items.at(static_cast<size_t>(index)); }
+
+protected:
+    void ToXml_Int(NxXmlLib9::CXmlWriter* writer, bool, const char* elementNamespace,
+                   const NxXmlLib9::CXmlSerializationContext&, bool) const override
+    {
+        for (int item : m_items) {
+            writer->WriteStartElement(GetElementName(), elementNamespace);
+            writer->WriteString(m_toText(item), NxXmlLib9::ItemTypeString);
+            writer->WriteEndElement();
+        }
+    }
+
+private:
+    const char* (*m_toText)(int);
+    int (*m_fromText)(const char*);
+    std::vector<int> m_items;
+};
+
+// The number of an enumeration's text, or a failure naming the enumeration.
+inline int EnumFromText(const char* text, const char* const* names, int count, const char* enumeration)
+{
+    for (int i = 0; i < count; ++i)
+        if (std::strcmp(text, names[i]) == 0)
+            return i;
+    throw NxXmlLib9::CNxInvalidValueException(
+        NxXmlLib9::FormatString("The text [%s] is not a member of the enumeration %s", text, enumeration));
+}
+inline const char* EnumToText(int value, const char* const* names, int count, const char* enumeration)
+{
+    if (value < 0 || value >= count)
+        throw NxXmlLib9::CNxInvalidValueException(
+            NxXmlLib9::FormatString("The value %d is not a member of the enumeration %s", value, enumeration));
+    return names[value];
+}
+
+} // namespace NxXsdSupport
+#endif
+)SUPPORT";
+
+} // namespace nxxsd
