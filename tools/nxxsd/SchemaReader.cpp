@@ -301,6 +301,8 @@ void SchemaReader::BuildComplex(ClassModel* cls, Node node, Doc* doc)
     AddAttributes(cls, node, doc);
     if (mixed)
         cls->hasText = true;
+    if (cls->hasText && !cls->elements.empty())
+        Warn(doc, node, "mixed content: the text is kept as one string, not in place between the child elements");
     m_building[cls] = false;
 }
 
@@ -821,6 +823,12 @@ void SchemaReader::Compile()
         }
         m_model.globals.push_back(global);
     }
+    // Derived types are all known only now: an element of a type that has
+    // them is read through the factory by xsi:type.
+    for (const auto& cls : m_model.classes)
+        for (Member& member : cls->elements)
+            if (member.kind == Kind::Cls && !member.pseudo && member.cls->Substitutable())
+                member.kind = Kind::AbsCls;
 }
 
 } // namespace nxxsd

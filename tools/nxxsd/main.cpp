@@ -4,6 +4,7 @@
 //
 // Writes NAME.h and NAME.cpp for each schema named, into DIR. Exit status 0
 // on success, 1 with a message naming file and construct on failure.
+#include <clocale>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -69,6 +70,10 @@ bool IsQualifiedIdentifier(const std::string& text)
 
 int main(int argc, char** argv)
 {
+    // The document tree holds text in the code page of the locale: under
+    // UTF-8 every XML name comes through unchanged.
+    if (!std::setlocale(LC_CTYPE, "C.UTF-8"))
+        std::setlocale(LC_CTYPE, "");
     std::string outputDir = ".";
     std::string cppNamespace;
     nxxsd::Model model;
