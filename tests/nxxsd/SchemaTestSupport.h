@@ -93,7 +93,8 @@ inline NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass> ObjectForDocument(con
     return NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass>();
 }
 
-// Reads xml into the object its root names and writes that object again.
+// Reads xml into the object its root names and writes that object again,
+// unformatted: indenting would add to the text of untyped content.
 inline std::string ReadAndWrite(const std::string& xml)
 {
     NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass> object = ObjectForDocument(xml);
@@ -101,7 +102,7 @@ inline std::string ReadAndWrite(const std::string& xml)
         return "(no class for the document element)";
     try {
         object->FromXml(xml.c_str());
-        return object->ToXml();
+        return object->ToXml(true, false);
     } catch (const NxXmlLib9::CNxException& failure) {
         return "(failed: " + failure.GetFullMessage() + ")";
     }

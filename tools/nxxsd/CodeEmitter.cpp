@@ -252,11 +252,18 @@ std::string Emitter::AccessOf(const Member& m) const
     switch (m.kind) {
     case Kind::Prim: {
         const std::string& s = m.simple.primitive.suffix;
+        // A value read from a document meets the facets before it is kept;
+        // the library itself checks them only when it writes.
+        std::string check;
+        if (!m.simple.facets.Empty())
+            check = "static const NxXmlLib9::CPrimitiveRestrictions facets = " + Restrictions(m.simple.facets) +
+                    ";\n            NxXmlLib9::CXmlObjectHelper::CheckRestriction(" + Quote(m.xmlName) +
+                    ", value, NxXmlLib9::ItemType" + s + ", facets);\n            ";
         if (m.occurs == Occurs::Mnd)
-            return "if (read)\n            value.Set" + s + "(" + f + ");\n        else\n            " + f +
-                   " = value.Get" + s + "();";
+            return "if (read) {\n            value.Set" + s + "(" + f + ");\n        } else {\n            " + check +
+                   f + " = value.Get" + s + "();\n        }";
         return "if (read) {\n            if (" + f + ")\n                value.Set" + s + "(*" + f +
-               ");\n        } else if (value.IsValid()) {\n            " + f + " = value.Get" + s +
+               ");\n        } else if (value.IsValid()) {\n            " + check + f + " = value.Get" + s +
                "();\n        } else {\n            " + f + ".reset();\n        }";
     }
     case Kind::Enum: {
