@@ -181,6 +181,69 @@ CSmartPtr<CXmlGeneratedClass> FullNamingItem()
     return root;
 }
 
+void FillParty(orders::Party& party, const char* name)
+{
+    party.Name = name;
+    party.id = "p";
+    party.Address->Line->Add("Road 1");
+    party.Address->PostCode = "1000";
+    party.Address->Country = "DK";
+}
+
+CSmartPtr<orders::Amount> Money(const char* amount)
+{
+    CSmartPtr<orders::Amount> money(new orders::Amount("Amount"));
+    money->Content = amount;
+    money->currency = orders::Currency_USD;
+    return money;
+}
+
+// Three namespaces; lines of the base type and of a type derived in
+// another namespace, written with xsi:type.
+CSmartPtr<CXmlGeneratedClass> FullInvoice()
+{
+    CSmartPtr<invoice::Invoice> inv(new invoice::Invoice("CreditNote"));
+    inv->Id = "INV-2024-00042";
+    inv->IssueDate = CConversions::dateFromString("2024-06-01", kCollapse);
+    inv->OrderRef->Add("PO-1");
+    inv->OrderRef->Add("PO-2");
+    FillParty(*inv->Supplier, "Supplier Inc");
+    FillParty(*inv->Customer, "Customer ApS");
+    CSmartPtr<invoice::LineBase> plain(new invoice::LineBase("Line"));
+    plain->Item = "Service";
+    plain->Quantity = CDecimal("1.5");
+    plain->Net = Money("150.00");
+    plain->Net->SetElementName("Net");
+    plain->id = CConversions::integerFromString("1", kCollapse);
+    inv->Line->Add(plain);
+    CSmartPtr<invoice::TaxedLine> taxed(new invoice::TaxedLine("Line"));
+    taxed->Item = "Goods";
+    taxed->Quantity = CDecimal("2");
+    taxed->Net->Content = "20";
+    taxed->Rate = CDecimal("25");
+    taxed->Tax->Content = "5";
+    taxed->id = CConversions::integerFromString("2", kCollapse);
+    taxed->category = invoice::Category_S;
+    inv->Line->Add(taxed);
+    inv->TaxSummary = new invoice::Summary("TaxSummary");
+    CSmartPtr<invoice::Summary_Subtotal> subtotal(new invoice::Summary_Subtotal("Subtotal"));
+    subtotal->Category = invoice::Category_Z;
+    subtotal->Base->Content = "150.00";
+    subtotal->Tax->Content = "0";
+    inv->TaxSummary->Subtotal->Add(subtotal);
+    inv->Payable->Content = "175.00";
+    inv->Remark = "thanks";
+    CSmartPtr<invoice::Attachment> attachment(new invoice::Attachment("Attachment"));
+    attachment->Content = "aGVsbG8=";
+    attachment->mimeType = "text/plain";
+    inv->Attachment->Add(attachment);
+    inv->Extensions = new invoice::Invoice_Extensions("Extensions");
+    inv->Extensions->Any->Add("Custom", "urn:vendor")->SetText("42");
+    inv->currency = orders::Currency_USD;
+    inv->status = invoice::Status_2_draft;
+    return inv;
+}
+
 struct Case {
     const char* name;
     const char* schema;
@@ -193,6 +256,7 @@ const Case kCases[] = {
     {"Drawing", "structure.xsd", FullDrawing},
     {"Order", "orders/orders.xsd", FullOrder},
     {"NamingItem", "naming.xsd", FullNamingItem},
+    {"Invoice", "invoice/invoice.xsd", FullInvoice},
 };
 
 } // namespace
@@ -201,7 +265,7 @@ const Case kCases[] = {
 // would add to it.
 std::string Unformatted(const CXmlGeneratedClass* object)
 {
-    return object->ToXml(true, false);
+    return object->ToXml(true, false, EOLTypeLF, Aliased());
 }
 
 TEST(GeneratedClasses, WriteReadBackAndValidate)
@@ -220,14 +284,13 @@ TEST(GeneratedClasses, WriteReadBackAndValidate)
             EXPECT_EQ(Unformatted(fromText), xml);
 
             // The binary form, compressed, reads into an equal object too.
-            CBinaryData binary = object->ToFastInfosetStream(
-                FInfoDeclNone, CXmlSerializationContext::m_defaultContext, CompressionTypeGZip);
+            CBinaryData binary = object->ToFastInfosetStream(FInfoDeclNone, Aliased(), CompressionTypeGZip);
             CSmartPtr<CXmlGeneratedClass> fromBinary = ObjectForDocument(xml);
             fromBinary->FromXmlStream(binary);
             EXPECT_EQ(Unformatted(fromBinary), xml);
 
             const std::string path = dir + "/" + c.name + ".xml";
-            WriteFile(path, object->ToXml());
+            WriteFile(path, object->ToXml(true, true, EOLTypeLF, Aliased()));
             std::string reason;
             const Verdict verdict = Validate(SchemaPath(c.schema), path, &reason);
             if (verdict == Verdict::NoValidator)

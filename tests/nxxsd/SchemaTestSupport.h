@@ -13,6 +13,7 @@
 
 #include "NxXmlLib9.h"
 #include "basics.h"
+#include "invoice.h"
 #include "naming.h"
 #include "orders.h"
 #include "structure.h"
@@ -77,6 +78,21 @@ inline Verdict Validate(const std::string& schema, const std::string& documentPa
     return result.status == 1 ? Verdict::Invalid : Verdict::NoValidator;
 }
 
+// Writing under a context that declares every namespace once on the root,
+// with a prefix of its own: the document tree, like many readers, keeps
+// one meaning per prefix.
+inline const NxXmlLib9::CXmlSerializationContext& Aliased()
+{
+    static const NxXmlLib9::CXmlSerializationContext context = [] {
+        NxXmlLib9::CXmlSerializationContext made;
+        basics::AddbasicsNamespaceAliases(made);
+        orders::AddordersNamespaceAliases(made);
+        invoice::AddinvoiceNamespaceAliases(made);
+        return made;
+    }();
+    return context;
+}
+
 // A new object for the document element of xml, from whichever compiled
 // schema declares it; null when none does.
 inline NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass> ObjectForDocument(const std::string& xml)
@@ -87,7 +103,8 @@ inline NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass> ObjectForDocument(con
     const char* name = root->GetLocalName().c_str();
     const char* ns = root->GetNamespaceURI().c_str();
     for (auto create : {&basics::CreateDocumentElement, &structure::CreateDocumentElement,
-                        &naming::CreateDocumentElement, &orders::CreateDocumentElement})
+                        &naming::CreateDocumentElement, &orders::CreateDocumentElement,
+                        &invoice::CreateDocumentElement})
         if (NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass> object = create(name, ns))
             return object;
     return NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass>();
@@ -102,7 +119,7 @@ inline std::string ReadAndWrite(const std::string& xml)
         return "(no class for the document element)";
     try {
         object->FromXml(xml.c_str());
-        return object->ToXml(true, false);
+        return object->ToXml(true, false, NxXmlLib9::EOLTypeLF, Aliased());
     } catch (const NxXmlLib9::CNxException& failure) {
         return "(failed: " + failure.GetFullMessage() + ")";
     }

@@ -66,7 +66,15 @@ private:
     }
     std::string ClassRef(const ClassModel* cls) const { return Qualify(cls->cppName, cls->file); }
     std::string EnumRef(const EnumModel* e) const { return Qualify(e->cppName, e->file); }
-    std::string FactoryName(int file) const { return "Create" + MakeIdentifier(m_model.files[file].baseName) + "Object"; }
+    std::string FactoryName(int file) const
+    {
+        return Qualify(FactoryBaseName(file), file);
+    }
+    std::string AliasFunctionName() const { return "Add" + MakeIdentifier(File().baseName) + "NamespaceAliases"; }
+    std::string FactoryBaseName(int file) const
+    {
+        return "Create" + MakeIdentifier(m_model.files[file].baseName) + "Object";
+    }
     std::string FieldType(const Member& m) const;
     std::string FieldDeclaration(const Member& m) const;
     void EmitEnum(std::ostream& out, const EnumModel& e, bool definition) const;
@@ -416,8 +424,9 @@ void Emitter::EmitClassDefinition(std::ostream& out, const ClassModel& cls) cons
     out << "}\n\n";
 
     out << "void " << name << "::AccessProperty(int index, bool read, NxXmlLib9::NxVariant& value)\n{\n";
+    out << "    (void)read; // collections and required children are the same either way\n";
     if (elementCount + attributeCount == 0 && !cls.hasText)
-        out << "    (void)index;\n    (void)read;\n    (void)value;\n";
+        out << "    (void)index;\n    (void)value;\n";
     else {
         out << "    switch (index) {\n";
         int index = 0;
@@ -430,8 +439,6 @@ void Emitter::EmitClassDefinition(std::ostream& out, const ClassModel& cls) cons
                 << ":\n        if (read)\n            value.SetString(Content);\n        else\n"
                    "            Content = value.GetString();\n        break;\n";
         out << "    default:\n        break;\n    }\n";
-        if (elementCount + attributeCount == 0)
-            out << "    (void)read;\n";
     }
     out << "}\n\n";
 
@@ -450,6 +457,18 @@ void Emitter::EmitClassDefinition(std::ostream& out, const ClassModel& cls) cons
                 continue;
             out << "    if (type == " << Quote(candidate->typeName) << " && typeNamespace == "
                 << Quote(candidate->typeNs) << ")\n        return new " << ClassRef(candidate) << "(elementName);\n";
+        }
+        // The document keeps one meaning per prefix, so a prefix declared
+        // twice may name the wrong namespace: a type name that only one
+        // candidate bears still decides.
+        for (const ClassModel* candidate : candidates) {
+            int sameName = 0;
+            for (const ClassModel* other : candidates)
+                sameName += other->typeName == candidate->typeName;
+            if (candidate->isAbstract || sameName != 1)
+                continue;
+            out << "    if (type == " << Quote(candidate->typeName) << ")\n        return new " << ClassRef(candidate)
+                << "(elementName);\n";
         }
         out << "    if (!type.empty())\n        return NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase>();\n";
     }
@@ -475,11 +494,14 @@ std::string Emitter::Header()
         if (cls->file == m_file)
             out << "class " << cls->cppName << ";\n";
     out << "\n// A new object of a class of this file, by class number; null for an unknown number.\n"
-        << "NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> " << FactoryName(m_file)
+        << "NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> " << FactoryBaseName(m_file)
         << "(int classNumber, const char* elementName);\n";
     out << "// A new object for a global element of the schema, null for an unknown element.\n"
         << "NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass> CreateDocumentElement(const char* localName, "
-           "const char* namespaceUri);\n\n";
+           "const char* namespaceUri);\n";
+    out << "// Gives every namespace of this schema a prefix of its own, declared once on the root element.\n"
+        << "// Readers that keep one meaning per prefix need it when a document mixes namespaces.\n"
+        << "void " << AliasFunctionName() << "(NxXmlLib9::CXmlSerializationContext& context);\n\n";
     for (const auto& cls : m_model.classes)
         if (cls->file == m_file)
             EmitClassDeclaration(out, *cls);
@@ -503,13 +525,32 @@ std::string Emitter::Source()
         if (cls->file == m_file)
             EmitClassDefinition(out, *cls);
 
-    out << "NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> " << FactoryName(m_file)
+    out << "NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> " << FactoryBaseName(m_file)
         << "(int classNumber, const char* elementName)\n{\n    switch (classNumber) {\n";
     for (const auto& cls : m_model.classes)
         if (cls->file == m_file && !cls->isAbstract)
             out << "    case " << cls->number << ":\n        return new " << cls->cppName << "(elementName);\n";
     out << "    default:\n        (void)elementName;\n        return NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase>();\n"
         << "    }\n}\n\n";
+
+    std::set<std::string> namespaces;
+    for (const auto& cls : m_model.classes) {
+        if (cls->file != m_file)
+            continue;
+        namespaces.insert(cls->typeNs);
+        for (const std::vector<Member>* members : {&cls->elements, &cls->attributes})
+            for (const Member& m : *members)
+                if (m.kind != Kind::AnyAttr && !(m.kind == Kind::Untpd && m.xmlName == "AnyElement"))
+                    namespaces.insert(m.ns);
+    }
+    namespaces.erase("");
+    out << "void " << AliasFunctionName() << "(NxXmlLib9::CXmlSerializationContext& context)\n{\n"
+        << "    context.GetNamespaceAliases().Add(\"xsi\", \"http://www.w3.org/2001/XMLSchema-instance\");\n";
+    int number = 0;
+    for (const std::string& ns : namespaces)
+        out << "    context.GetNamespaceAliases().Add(" << Quote(MakeIdentifier(File().baseName) + std::to_string(++number))
+            << ", " << Quote(ns) << ");\n";
+    out << "}\n\n";
 
     // One CreateDocumentElement per namespace: the first file of that
     // namespace defines it for all of them.
