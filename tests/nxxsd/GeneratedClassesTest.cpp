@@ -123,6 +123,10 @@ CSmartPtr<CXmlGeneratedClass> FullDrawing()
     d->Size = "auto";
     d->Note = new structure::Note("Note");
     d->Note->Content = "see"; // mixed content: text, as the library's tree keeps it
+    d->Mark = new structure::Mark_choice();
+    d->Mark->Star = new structure::StarMark("Star"); // in place of Mark, by the substitution group
+    d->Mark->Star->x = 4;
+    d->Mark->Star->points = 6;
     CSmartPtr<CElement> raw = d->Raw->Add("Raw", "");
     raw->SetText("raw text");
     d->Any->Add("Extra", "urn:other")->SetText("x");

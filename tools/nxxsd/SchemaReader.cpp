@@ -478,17 +478,24 @@ void SchemaReader::AddElement(ClassModel* cls, Node node, Doc* doc)
         declarationDoc = global.doc;
         member.xmlName = ref.name;
         member.ns = ref.ns;
-        if (m_substitutes.count(ref))
-            Warn(doc, node, "members of the substitution group of '" + ref.name +
-                                "' are not read in its place; only the head element is");
+        if (m_substitutes.count(ref)) {
+            AddSubstitutionGroup(cls, member, ref, doc, node);
+            return;
+        }
     } else {
         member.xmlName = Attr(node, "name");
         const std::string& form = Attr(node, "form");
         const bool qualified = form.empty() ? doc->qualifiedElements : form == "qualified";
         member.ns = qualified ? doc->tns : std::string();
     }
-    const TypeRef type = TypeOfElement(declaration, declarationDoc,
-                                       declaration == node ? cls->cppName + "_" + member.xmlName : member.xmlName);
+    AddDeclaredElement(cls, member, declaration, declarationDoc, declaration != node);
+}
+
+void SchemaReader::AddDeclaredElement(ClassModel* cls, Member member, Node declaration, Doc* doc, bool global)
+{
+    Node node = declaration;
+    const TypeRef type =
+        TypeOfElement(declaration, doc, global ? member.xmlName : cls->cppName + "_" + member.xmlName);
     const bool nillable = Attr(declaration, "nillable") == "true";
     switch (type.what) {
     case TypeRef::Simple:
@@ -509,6 +516,59 @@ void SchemaReader::AddElement(ClassModel* cls, Node node, Doc* doc)
         break;
     }
     member.cppName = MakeIdentifier(member.xmlName);
+    AddMember(cls, member, false);
+}
+
+// The elements that may stand for head, directly or through other members,
+// in the order of their declarations.
+void SchemaReader::CollectSubstitutes(const QName& head, std::vector<QName>& members)
+{
+    const auto found = m_substitutes.find(head);
+    if (found == m_substitutes.end())
+        return;
+    for (const QName& member : found->second)
+        if (std::find(members.begin(), members.end(), member) == members.end()) {
+            members.push_back(member);
+            CollectSubstitutes(member, members);
+        }
+}
+
+// A reference to the head of a substitution group is a choice of the head
+// and every element that may stand in its place.
+void SchemaReader::AddSubstitutionGroup(ClassModel* cls, Member reference, const QName& head, Doc* doc, Node node)
+{
+    if (reference.maxOccurs != 1)
+        Fail(doc, node, "a repeated reference to the head of a substitution group is not supported");
+    std::vector<QName> candidates {head};
+    CollectSubstitutes(head, candidates);
+    const Component& headComponent = m_elements.at(head);
+    ClassModel* choice = NewClass(head.name + "_choice", headComponent.doc);
+    choice->pseudo = true;
+    choice->typeName = choice->cppName;
+    choice->typeNs = cls->typeNs;
+    choice->elementName = choice->cppName;
+    choice->group = Group::Choice;
+    for (const QName& name : candidates) {
+        const Component& global = m_elements.at(name);
+        if (Attr(global.node, "abstract") == "true")
+            continue;
+        Member member;
+        member.xmlName = name.name;
+        member.ns = name.ns;
+        member.occurs = Occurs::Opt;
+        AddDeclaredElement(choice, member, global.node, global.doc, true);
+    }
+    if (choice->elements.empty())
+        Fail(doc, node, "no element may stand for the abstract head of the substitution group");
+    Member member;
+    member.kind = Kind::Cls;
+    member.pseudo = true;
+    member.cls = choice;
+    member.xmlName = choice->cppName;
+    member.ns = cls->typeNs;
+    member.minOccurs = reference.minOccurs;
+    member.occurs = OccursOf(reference.minOccurs, 1, cls->group);
+    member.cppName = head.name;
     AddMember(cls, member, false);
 }
 

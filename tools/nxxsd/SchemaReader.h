@@ -36,6 +36,7 @@ private:
     struct QName {
         std::string ns, name;
         bool operator<(const QName& other) const { return ns != other.ns ? ns < other.ns : name < other.name; }
+        bool operator==(const QName& other) const { return ns == other.ns && name == other.name; }
     };
     struct Component {
         Node node = nullptr;
@@ -65,6 +66,9 @@ private:
     void AddParticles(ClassModel* cls, Node compositor, Doc* doc);
     void AddNestedGroup(ClassModel* cls, Node particle, Doc* doc);
     void AddElement(ClassModel* cls, Node node, Doc* doc);
+    void AddDeclaredElement(ClassModel* cls, Member member, Node declaration, Doc* doc, bool global);
+    void CollectSubstitutes(const QName& head, std::vector<QName>& members);
+    void AddSubstitutionGroup(ClassModel* cls, Member reference, const QName& head, Doc* doc, Node node);
     void AddWildcard(ClassModel* cls, Node node, Doc* doc);
     void AddAttributes(ClassModel* cls, Node parent, Doc* doc);
     void AddAttribute(ClassModel* cls, Node node, Doc* doc);
