@@ -248,6 +248,15 @@ CSmartPtr<CXmlGeneratedClass> FullInvoice()
     return inv;
 }
 
+// The type of the invoice namespace as the root element of the tax namespace.
+CSmartPtr<CXmlGeneratedClass> FullTaxInvoice()
+{
+    CSmartPtr<CXmlGeneratedClass> invoice = FullInvoice();
+    invoice->SetElementName("TaxInvoice");
+    dynamic_cast<invoice::Invoice&>(*invoice).SetDocumentNamespace("urn:nxxsd:tax");
+    return invoice;
+}
+
 struct Case {
     const char* name;
     const char* schema;
@@ -261,6 +270,7 @@ const Case kCases[] = {
     {"Order", "orders/orders.xsd", FullOrder},
     {"NamingItem", "naming.xsd", FullNamingItem},
     {"Invoice", "invoice/invoice.xsd", FullInvoice},
+    {"TaxInvoice", "invoice/invoice.xsd", FullTaxInvoice},
 };
 
 } // namespace

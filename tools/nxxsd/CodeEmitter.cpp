@@ -169,6 +169,9 @@ void Emitter::EmitClassDeclaration(std::ostream& out, const ClassModel& cls) con
            "    NxXmlLib9Data::CElementInfo** GetClassElementInfo() const override;\n"
            "    NxXmlLib9Data::CAttributeInfo** GetClassAttributeInfo() const override;\n"
            "    void Init() override;\n";
+    out << "    // The namespace of the element when the object is the root of a document: the type's own\n"
+           "    // unless a global element of another namespace has this type (static text only).\n"
+           "    void SetDocumentNamespace(const char* ns) { m_documentNamespace = ns; }\n";
     if (cls.nillable)
         out << "    bool IsNil() const override { return m_nil; }\n"
                "    void SetNil(bool nil) override { m_nil = nil; }\n";
@@ -183,6 +186,7 @@ void Emitter::EmitClassDeclaration(std::ostream& out, const ClassModel& cls) con
         out << "    std::string Content;  // the text content\n";
     if (cls.nillable)
         out << "    bool m_nil = false;\n";
+    out << "\nprivate:\n    const char* m_documentNamespace = " << Quote(cls.typeNs) << ";\n";
     out << "};\n\n";
 }
 
@@ -403,7 +407,7 @@ void Emitter::EmitClassDefinition(std::ostream& out, const ClassModel& cls) cons
     out << name << "::" << name << "(const char* elementName)\n{\n    SetElementName(elementName);\n    Init();\n}\n\n";
     out << name << "::~" << name << "() = default;\n\n";
     out << "NxXmlLib9::CXmlObjectBase* " << name << "::GetBase()\n{\n    return this;\n}\n\n";
-    out << "std::string " << name << "::GetTargetNamespace() const\n{\n    return " << Quote(cls.typeNs) << ";\n}\n\n";
+    out << "std::string " << name << "::GetTargetNamespace() const\n{\n    return m_documentNamespace;\n}\n\n";
     out << "std::string " << name << "::GetNamespace() const\n{\n    return " << Quote(cls.typeNs) << ";\n}\n\n";
     out << "NxXmlLib9Data::CParentElementInfo* " << name << "::GetClassInfo() const\n{\n    return g" << name
         << "Tables.Ensure().info;\n}\n\n";
@@ -567,8 +571,14 @@ std::string Emitter::Source()
                "    const std::string ns = namespaceUri ? namespaceUri : \"\";\n";
         for (const GlobalElement& global : m_model.globals)
             if (m_model.files[global.file].cppNamespace == File().cppNamespace)
-                out << "    if (name == " << Quote(global.name) << " && ns == " << Quote(global.ns)
-                    << ")\n        return new " << ClassRef(global.cls) << "(" << Quote(global.name) << ");\n";
+            {
+                out << "    if (name == " << Quote(global.name) << " && ns == " << Quote(global.ns) << ") {\n"
+                    << "        NxXmlLib9::CSmartPtr<" << ClassRef(global.cls) << "> object(new " << ClassRef(global.cls)
+                    << "(" << Quote(global.name) << "));\n";
+                if (global.ns != global.cls->typeNs)
+                    out << "        object->SetDocumentNamespace(" << Quote(global.ns) << ");\n";
+                out << "        return object;\n    }\n";
+            }
         out << "    return NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlGeneratedClass>();\n}\n\n";
     }
     out << "} // namespace " << File().cppNamespace << "\n";

@@ -256,7 +256,8 @@ ClassModel* SchemaReader::NewClass(const std::string& wantedName, Doc* doc)
     m_memberNames[cls.get()] = NameScope({cls->cppName, "Init", "GetBase", "AccessProperty", "GetClassInfo",
                                           "GetClassElementInfo", "GetClassAttributeInfo", "GetNamespace",
                                           "GetTargetNamespace", "CreateFromElement", "IsNil", "SetNil",
-                                          "BuildTables", "Tables", "m_nil", "Content"});
+                                          "BuildTables", "Tables", "m_nil", "Content", "SetDocumentNamespace",
+                                          "m_documentNamespace"});
     ClassModel* raw = cls.get();
     m_model.classes.push_back(std::move(cls));
     return raw;
