@@ -248,6 +248,30 @@ CSmartPtr<CXmlGeneratedClass> FullInvoice()
     return inv;
 }
 
+// Repeated nested groups: a choice in any order and a bounded sequence.
+CSmartPtr<CXmlGeneratedClass> FullPalette()
+{
+    CSmartPtr<structure::Palette> palette(new structure::Palette());
+    palette->Name = "warm";
+    for (int i = 0; i < 3; ++i) {
+        CSmartPtr<structure::Palette_choice> colour(new structure::Palette_choice());
+        if (i == 1)
+            colour->Blue = "sky";
+        else
+            colour->Red = static_cast<unsigned char>(100 + i);
+        palette->Palette_choice->Add(colour);
+    }
+    for (const char* key : {"k1", "k2"}) {
+        CSmartPtr<structure::Palette_sequence> pair(new structure::Palette_sequence());
+        pair->Key = key;
+        if (key[1] == '2')
+            pair->Value = "v";
+        palette->Palette_sequence->Add(pair);
+    }
+    palette->End = true;
+    return palette;
+}
+
 // The type of the invoice namespace as the root element of the tax namespace.
 CSmartPtr<CXmlGeneratedClass> FullTaxInvoice()
 {
@@ -267,6 +291,7 @@ const Case kCases[] = {
     {"Library", "basics.xsd", FullLibrary},
     {"Primitives", "basics.xsd", FullPrimitives},
     {"Drawing", "structure.xsd", FullDrawing},
+    {"Palette", "structure.xsd", FullPalette},
     {"Order", "orders/orders.xsd", FullOrder},
     {"NamingItem", "naming.xsd", FullNamingItem},
     {"Invoice", "invoice/invoice.xsd", FullInvoice},

@@ -102,7 +102,8 @@ std::string Emitter::FieldType(const Member& m) const
         return m.occurs == Occurs::Opt ? "std::optional<" + item + ">" : item;
     case Kind::Cls:
         if (m.occurs == Occurs::Col)
-            return "NxXmlLib9::CSmartPtr<NxXsdSupport::ObjectCol<" + ClassRef(m.cls) + ">>";
+            return std::string("NxXmlLib9::CSmartPtr<NxXsdSupport::") + (m.pseudo ? "PseudoCol<" : "ObjectCol<") +
+                   ClassRef(m.cls) + ">>";
         return "NxXmlLib9::CSmartPtr<" + ClassRef(m.cls) + ">";
     case Kind::AbsCls:
         if (m.occurs == Occurs::Col)
@@ -218,6 +219,9 @@ std::string Emitter::InitOf(const ClassModel& cls, const Member& m) const
                    "ToText, &" + e + "FromText)";
         }
         case Kind::Cls:
+            if (m.pseudo)
+                return "new NxXsdSupport::PseudoCol<" + ClassRef(m.cls) + ">(" + Quote(m.xmlName) + ", " + ns + ", " +
+                       bounds + ")";
             return "new NxXsdSupport::ObjectCol<" + ClassRef(m.cls) + ">(" + Quote(m.xmlName) + ", " + ns + ", " +
                    bounds + ", &" + ClassRef(m.cls) + "::CreateFromElement)";
         case Kind::AbsCls:

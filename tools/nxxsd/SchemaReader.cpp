@@ -437,8 +437,8 @@ void SchemaReader::AddNestedGroup(ClassModel* cls, Node particle, Doc* doc)
 {
     const int minOccurs = ParseOccurs(Attr(particle, "minOccurs"), 1);
     const int maxOccurs = ParseOccurs(Attr(particle, "maxOccurs"), 1);
-    if (maxOccurs != 1)
-        Fail(doc, particle, "a repeated nested group (maxOccurs other than 1) is not supported");
+    if (maxOccurs != 1 && cls->group == Group::All)
+        Fail(doc, particle, "a repeated nested group in an all group is not supported");
     Doc* groupDoc = doc;
     Node compositor = Compositor(particle, doc, &groupDoc);
     const std::string hint =
@@ -457,7 +457,8 @@ void SchemaReader::AddNestedGroup(ClassModel* cls, Node particle, Doc* doc)
     member.xmlName = pseudo->cppName;
     member.ns = cls->typeNs;
     member.minOccurs = minOccurs;
-    member.occurs = OccursOf(minOccurs, 1, cls->group);
+    member.maxOccurs = maxOccurs;
+    member.occurs = OccursOf(minOccurs, maxOccurs, cls->group);
     member.cppName = pseudo->cppName;
     AddMember(cls, member, false);
 }

@@ -82,6 +82,46 @@ private:
     Make m_make;
 };
 
+// A repeated nested group: each item is an object without an element of its
+// own, read from the parent's children for as long as another item matches.
+template <class T>
+class PseudoCol : public NxXmlLib9::CXmlCollection {
+public:
+    PseudoCol(const char* name, const char* ns, int minOccurs, int maxOccurs)
+        : CXmlCollection(name, ns, minOccurs, maxOccurs), m_maxOccurs(maxOccurs)
+    {
+    }
+    T* Item(int index) const
+    {
+        return dynamic_cast<T*>(static_cast<NxXmlLib9::CXmlObjectBase*>(GetNodeAtIndex(index)->item));
+    }
+    void Add(T* item) { AppendItem(item); }
+
+protected:
+    void ToXml_Int(NxXmlLib9::CXmlWriter* writer, bool, const char* elementNamespace,
+                   const NxXmlLib9::CXmlSerializationContext& context, bool) const override
+    {
+        for (NxXmlLib9::CNode* node = begin(); node != end(); node = node->next)
+            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
+    }
+    NxXmlLib9::CXmlElement* FromXml_Int(NxXmlLib9::CXmlElement* parent, NxXmlLib9::CXmlElement* cursor,
+                                        const NxXmlLib9::CXmlSerializationContext& context, bool) override
+    {
+        while (cursor && (m_maxOccurs < 0 || GetCount() < m_maxOccurs)) {
+            NxXmlLib9::CSmartPtr<T> item(new T());
+            NxXmlLib9::CXmlElement* next = CXmlObjectBase::FromXml_Int(item, parent, cursor, context);
+            if (next == cursor)
+                break;
+            AppendItem(item);
+            cursor = next;
+        }
+        return cursor;
+    }
+
+private:
+    int m_maxOccurs;
+};
+
 // A repeated element of an enumeration, held as the enumeration's numbers.
 class EnumCol : public NxXmlLib9::CXmlTypeCollection {
 public:
