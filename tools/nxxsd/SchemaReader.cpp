@@ -345,7 +345,29 @@ void SchemaReader::BuildComplexContent(ClassModel* cls, Node content, Doc* doc, 
             Fail(doc, derivation, "a type derived from itself");
         if (baseClass->hasText && !baseClass->elements.empty())
             Fail(doc, derivation, "derivation from a mixed type is not supported");
-        if (extension) {
+        bool ownParticle = false;
+        for (Node child : Children(derivation))
+            ownParticle = ownParticle || IsCompositor(child);
+        if (extension && baseClass->group != Group::Sequence && ownParticle && !baseClass->elements.empty()) {
+            // The base's choice or all, then the extension's own particle:
+            // a sequence whose first member is the base's group.
+            cls->group = Group::Sequence;
+            ClassModel* group = NewClass(cls->cppName + "_base", doc);
+            group->pseudo = true;
+            group->typeName = group->elementName = group->cppName;
+            group->typeNs = cls->typeNs;
+            group->group = baseClass->group;
+            for (const Member& member : baseClass->elements)
+                AddMember(group, member, false);
+            Member member;
+            member.kind = Kind::Cls;
+            member.pseudo = true;
+            member.cls = group;
+            member.xmlName = group->cppName;
+            member.ns = cls->typeNs;
+            member.cppName = "Base";
+            AddMember(cls, member, false);
+        } else if (extension) {
             cls->group = baseClass->group;
             for (const Member& member : baseClass->elements)
                 AddMember(cls, member, false);
