@@ -1,5 +1,6 @@
 #include "CodeEmitter.h"
 
+#include <cctype>
 #include <set>
 #include <sstream>
 
@@ -85,6 +86,7 @@ private:
     std::string ElementRecord(const ClassModel& cls, const Member& m, int index) const;
     std::string AttributeRecord(const ClassModel& cls, const Member& m, int index) const;
     bool RequiresContent(const ClassModel& cls) const;
+    std::string TextCheck(const ClassModel& cls) const;
 
     const Model& m_model;
     int m_file;
@@ -305,6 +307,42 @@ std::string Emitter::AccessOf(const Member& m) const
     }
 }
 
+// The name of the CConversions function that reads a primitive from text.
+std::string ConversionOf(const std::string& suffix)
+{
+    if (suffix == "DateTime")
+        return "datetime";
+    std::string name = suffix;
+    if (name.size() >= 2 && std::isupper(static_cast<unsigned char>(name[1])))
+        for (char& c : name)
+            c = static_cast<char>(std::tolower(static_cast<unsigned char>(c))); // I4 -> i4, UI8 -> ui8
+    else
+        name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
+    return name + "FromString";
+}
+
+// Simple content is kept as text; on reading, the text must still be a
+// value of its type that meets the facets.
+std::string Emitter::TextCheck(const ClassModel& cls) const
+{
+    if (!cls.typedText)
+        return "";
+    const SimpleModel& t = cls.textType;
+    if (t.enumeration)
+        return "            " + EnumRef(t.enumeration) + "FromText(NxXmlLib9::CWhitespaceUtils::ApplyRule(" +
+               "NxXmlLib9::CWhitespaceUtils::WhitespaceRuleCollapse, value.GetString()).c_str());\n";
+    if (t.primitive.suffix == "String" && t.facets.Empty())
+        return "";
+    std::string check = "            NxXmlLib9::NxVariant typed;\n            typed.Set" + t.primitive.suffix +
+                        "(NxXmlLib9::CConversions::" + ConversionOf(t.primitive.suffix) + "(value.GetString(), " +
+                        RuleName(t.whitespace) + "));\n";
+    if (!t.facets.Empty())
+        check += "            static const NxXmlLib9::CPrimitiveRestrictions facets = " + Restrictions(t.facets) +
+                 ";\n            NxXmlLib9::CXmlObjectHelper::CheckRestriction(" + Quote(cls.elementName) +
+                 ", typed, NxXmlLib9::ItemType" + t.primitive.suffix + ", facets);\n";
+    return check;
+}
+
 bool Emitter::RequiresContent(const ClassModel& cls) const
 {
     bool any = false, all = true;
@@ -443,9 +481,9 @@ void Emitter::EmitClassDefinition(std::ostream& out, const ClassModel& cls) cons
                 out << "    case " << index++ << ":\n        " << AccessOf(m) << "\n        break;\n";
             }
         if (cls.hasText)
-            out << "    case " << textIndex
-                << ":\n        if (read)\n            value.SetString(Content);\n        else\n"
-                   "            Content = value.GetString();\n        break;\n";
+            out << "    case " << textIndex << ":\n        if (read) {\n            value.SetString(Content);\n"
+                << "        } else {\n" << TextCheck(cls) << "            Content = value.GetString();\n        }\n"
+                << "        break;\n";
         out << "    default:\n        break;\n    }\n";
     }
     out << "}\n\n";

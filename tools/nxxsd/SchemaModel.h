@@ -83,6 +83,8 @@ struct ClassModel {
     std::vector<Member> elements;
     std::vector<Member> attributes;
     bool hasText = false;  // text content (simple content or mixed)
+    bool typedText = false; // simple content: the text is checked against textType on reading
+    SimpleModel textType;
     ClassModel* base = nullptr;     // the type it extends or restricts
     std::vector<ClassModel*> derived; // types that derive from it, directly or not
     bool isAbstract = false;

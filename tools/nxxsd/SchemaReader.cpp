@@ -301,7 +301,7 @@ void SchemaReader::BuildComplex(ClassModel* cls, Node node, Doc* doc)
     }
     AddAttributes(cls, node, doc);
     if (mixed)
-        cls->hasText = true;
+        cls->hasText = true, cls->typedText = false;
     if (cls->hasText && !cls->elements.empty())
         Warn(doc, node, "mixed content: the text is kept as one string, not in place between the child elements");
     m_building[cls] = false;
@@ -323,9 +323,14 @@ void SchemaReader::BuildSimpleContent(ClassModel* cls, Node content, Doc* doc)
         for (const Member& attribute : baseClass->attributes)
             AddMember(cls, attribute, true);
         MarkDerived(baseClass, cls);
+        cls->typedText = baseClass->typedText;
+        cls->textType = baseClass->textType;
     } else {
-        SimpleFor(base, doc, derivation); // the base must be known
+        cls->typedText = true;
+        cls->textType = SimpleFor(base, doc, derivation);
     }
+    if (IsXsd(derivation, "restriction") && cls->typedText)
+        ApplyFacets(cls->textType, derivation, doc, cls->cppName + "_text");
     AddAttributes(cls, derivation, doc);
 }
 
