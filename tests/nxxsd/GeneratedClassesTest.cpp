@@ -35,6 +35,7 @@ CSmartPtr<CXmlGeneratedClass> FullLibrary()
     shelf->Width = 1.5;
     shelf->Label = "Epics";
     shelf->code = "E1";
+    shelf->lang = "en-GB";
     library->Shelf->Add(shelf);
     library->Opening = new basics::Opening("Opening");
     library->Opening->Hours = "9-17";

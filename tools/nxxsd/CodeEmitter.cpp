@@ -590,6 +590,7 @@ std::string Emitter::Source()
                     namespaces.insert(m.ns);
     }
     namespaces.erase("");
+    namespaces.erase("http://www.w3.org/XML/1998/namespace"); // bound to xml by XML itself
     out << "void " << AliasFunctionName() << "(NxXmlLib9::CXmlSerializationContext& context)\n{\n"
         << "    context.GetNamespaceAliases().Add(\"xsi\", \"http://www.w3.org/2001/XMLSchema-instance\");\n";
     int number = 0;

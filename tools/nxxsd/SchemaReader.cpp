@@ -224,6 +224,8 @@ SchemaReader::QName SchemaReader::Resolve(const Doc* doc, Node node, const std::
     const std::string prefix = colon == std::string::npos ? std::string() : text.substr(0, colon);
     QName name {doc->xml.LookupNamespaceFromAlias(prefix.c_str()),
                 colon == std::string::npos ? text : text.substr(colon + 1)};
+    if (prefix == "xml")
+        name.ns = "http://www.w3.org/XML/1998/namespace"; // bound by XML itself
     if (!prefix.empty() && name.ns.empty())
         Fail(doc, node, "undeclared prefix '" + prefix + "' in " + attribute + "='" + text + "'");
     // A schema without a target namespace included into one with it takes
