@@ -115,6 +115,9 @@ CSmartPtr<CXmlGeneratedClass> FullDrawing()
     rectangle->Height = 1;
     rectangle->id = 3;
     d->Figure->Add(rectangle);
+    CSmartPtr<structure::Point> point(new structure::Point("Figure"));
+    point->id = 4;
+    d->Figure->Add(point);
     d->SignedBy = "Ann";
     d->SignedOn = CConversions::dateFromString("2024-01-15", kCollapse);
     d->Drawing_choice = new structure::Drawing_choice();
