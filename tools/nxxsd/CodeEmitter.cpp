@@ -50,6 +50,20 @@ std::string Restrictions(const Facets& f)
            std::to_string(f.length) + ")";
 }
 
+// The name of the CConversions function that reads a primitive from text.
+std::string ConversionOf(const std::string& suffix)
+{
+    if (suffix == "DateTime")
+        return "datetime";
+    std::string name = suffix;
+    if (name.size() >= 2 && std::isupper(static_cast<unsigned char>(name[1])))
+        for (char& c : name)
+            c = static_cast<char>(std::tolower(static_cast<unsigned char>(c))); // I4 -> i4, UI8 -> ui8
+    else
+        name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
+    return name + "FromString";
+}
+
 class Emitter {
 public:
     Emitter(const Model& model, int file) : m_model(model), m_file(file) {}
@@ -273,8 +287,13 @@ std::string Emitter::AccessOf(const Member& m) const
         // A value read from a document meets the facets before it is kept;
         // the library itself checks them only when it writes.
         std::string check;
+        if (m.fixed)
+            check = "static const std::string fixedValue = NxXsdSupport::Canonical" + s + "(" + Quote(m.defaultValue) +
+                    ", &NxXmlLib9::CConversions::" + ConversionOf(s) + ", " + RuleName(m.simple.whitespace) +
+                    ");\n            NxXsdSupport::CheckFixed(" + Quote(m.xmlName) +
+                    ", value.ToString(nullptr), fixedValue);\n            ";
         if (!m.simple.facets.Empty())
-            check = "static const NxXmlLib9::CPrimitiveRestrictions facets = " + Restrictions(m.simple.facets) +
+            check += "static const NxXmlLib9::CPrimitiveRestrictions facets = " + Restrictions(m.simple.facets) +
                     ";\n            NxXmlLib9::CXmlObjectHelper::CheckRestriction(" + Quote(m.xmlName) +
                     ", value, NxXmlLib9::ItemType" + s + ", facets);\n            ";
         if (m.occurs == Occurs::Mnd)
@@ -286,6 +305,15 @@ std::string Emitter::AccessOf(const Member& m) const
     }
     case Kind::Enum: {
         const std::string e = EnumRef(m.simple.enumeration);
+        if (m.fixed) {
+            const std::string check = "if (value.IsValid() && value.GetI4() != " + e + "FromText(" +
+                                      Quote(m.defaultValue) + "))\n            NxXsdSupport::CheckFixed(" +
+                                      Quote(m.xmlName) + ", " + e + "ToText(value.GetI4()), " +
+                                      Quote(m.defaultValue) + ");\n        ";
+            return check + "if (read) {\n            if (" + f + ")\n                value.SetI4(*" + f +
+                   ");\n        } else if (value.IsValid()) {\n            " + f + " = static_cast<" + e +
+                   ">(value.GetI4());\n        } else {\n            " + f + ".reset();\n        }";
+        }
         if (m.occurs == Occurs::Mnd)
             return "if (read)\n            value.SetI4(" + f + ");\n        else\n            " + f +
                    " = static_cast<" + e + ">(value.GetI4());";
@@ -305,20 +333,6 @@ std::string Emitter::AccessOf(const Member& m) const
                "*>(static_cast<NxXmlLib9::CXmlObjectBase*>(object)) : nullptr;\n        }";
     }
     }
-}
-
-// The name of the CConversions function that reads a primitive from text.
-std::string ConversionOf(const std::string& suffix)
-{
-    if (suffix == "DateTime")
-        return "datetime";
-    std::string name = suffix;
-    if (name.size() >= 2 && std::isupper(static_cast<unsigned char>(name[1])))
-        for (char& c : name)
-            c = static_cast<char>(std::tolower(static_cast<unsigned char>(c))); // I4 -> i4, UI8 -> ui8
-    else
-        name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
-    return name + "FromString";
 }
 
 // Simple content is kept as text; on reading, the text must still be a

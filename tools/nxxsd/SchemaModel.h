@@ -69,6 +69,7 @@ struct Member {
     bool pseudo = false;     // Cls of a nested group
     std::string wildcard;    // Untpd wildcard and AnyAttr: the namespace specification
     std::string defaultValue; bool hasDefault = false;
+    bool fixed = false;      // the default is the only value allowed
 };
 
 enum class Group { Sequence = 0, Choice = 1, All = 2 };

@@ -711,7 +711,7 @@ void SchemaReader::AddAttribute(ClassModel* cls, Node node, Doc* doc)
     member.occurs = use == "required" ? Occurs::Mnd : Occurs::Opt;
     for (Node source : {node, declaration}) {
         if (source && HasAttr(source, "fixed") && !member.hasDefault)
-            member.defaultValue = Attr(source, "fixed"), member.hasDefault = true;
+            member.defaultValue = Attr(source, "fixed"), member.hasDefault = member.fixed = true;
         if (source && HasAttr(source, "default") && !member.hasDefault)
             member.defaultValue = Attr(source, "default"), member.hasDefault = true;
     }

@@ -165,6 +165,53 @@ private:
     std::vector<int> m_items;
 };
 
+// A fixed value as the library prints it, so that any spelling of the same
+// value compares equal.
+#define NXXSD_CANONICAL(Suffix, Type)                                                                         \
+    inline std::string Canonical##Suffix(const char* text,                                                   \
+                                         Type (*parse)(const std::string&,                                   \
+                                                       NxXmlLib9::CWhitespaceUtils::WhitespaceRule),         \
+                                         NxXmlLib9::CWhitespaceUtils::WhitespaceRule rule)                   \
+    {                                                                                                        \
+        NxXmlLib9::NxVariant value;                                                                          \
+        value.Set##Suffix(parse(text, rule));                                                                \
+        return value.ToString(nullptr);                                                                      \
+    }
+NXXSD_CANONICAL(String, std::string)
+NXXSD_CANONICAL(Boolean, bool)
+NXXSD_CANONICAL(Decimal, NxXmlLib9::CDecimal)
+NXXSD_CANONICAL(Integer, NxXmlLib9::CBigInteger)
+NXXSD_CANONICAL(I1, char)
+NXXSD_CANONICAL(I2, short)
+NXXSD_CANONICAL(I4, long)
+NXXSD_CANONICAL(I8, long long)
+NXXSD_CANONICAL(UI1, unsigned char)
+NXXSD_CANONICAL(UI2, unsigned short)
+NXXSD_CANONICAL(UI4, unsigned long)
+NXXSD_CANONICAL(UI8, unsigned long long)
+NXXSD_CANONICAL(R4, float)
+NXXSD_CANONICAL(R8, double)
+NXXSD_CANONICAL(Duration, NxXmlLib9::CDateTimeSpan)
+NXXSD_CANONICAL(DateTime, NxXmlLib9::CDateTime)
+NXXSD_CANONICAL(Date, NxXmlLib9::CDateTime)
+NXXSD_CANONICAL(Time, NxXmlLib9::CDateTime)
+NXXSD_CANONICAL(YearMonth, NxXmlLib9::CDateTime)
+NXXSD_CANONICAL(MonthDay, NxXmlLib9::CDateTime)
+NXXSD_CANONICAL(Year, unsigned short)
+NXXSD_CANONICAL(Month, unsigned char)
+NXXSD_CANONICAL(Day, unsigned char)
+NXXSD_CANONICAL(HexBinary, NxXmlLib9::CBinaryData)
+NXXSD_CANONICAL(Base64Binary, NxXmlLib9::CBinaryData)
+#undef NXXSD_CANONICAL
+
+// A value other than the fixed one is refused.
+inline void CheckFixed(const char* name, const std::string& value, const std::string& fixedValue)
+{
+    if (value != fixedValue)
+        throw NxXmlLib9::CNxInvalidValueException(NxXmlLib9::FormatString(
+            "The value [%s] of [%s] differs from its fixed value [%s]", value.c_str(), name, fixedValue.c_str()));
+}
+
 // The number of an enumeration's text, or a failure naming the enumeration.
 inline int EnumFromText(const char* text, const char* const* names, int count, const char* enumeration)
 {
