@@ -50,13 +50,11 @@ void WriteIfChanged(const std::string& path, const std::string& text)
 
 bool IsQualifiedIdentifier(const std::string& text)
 {
-    std::string part;
-    std::stringstream parts(text);
     if (text.empty())
         return false;
     for (size_t at = 0; at <= text.size();) {
         const size_t end = text.find("::", at);
-        part = text.substr(at, end == std::string::npos ? std::string::npos : end - at);
+        const std::string part = text.substr(at, end == std::string::npos ? std::string::npos : end - at);
         if (part.empty() || nxxsd::MakeIdentifier(part) != part)
             return false;
         if (end == std::string::npos)
