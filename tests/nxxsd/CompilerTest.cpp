@@ -104,18 +104,22 @@ TEST(Compiler, RefusesWhatItCannotMap)
     EXPECT_NE(badNamespace.output.find("is not a C++ namespace name"), std::string::npos);
 }
 
-TEST(Compiler, WarnsOfFacetsItDoesNotCheck)
+TEST(Compiler, WarnsOfWhatItDoesNotCheck)
 {
     const std::string dir = ScratchDir("warnings");
-    const std::string path = dir + "/digits.xsd";
+    const std::string path = dir + "/unchecked.xsd";
     WriteFile(path, std::string(kHead) +
                         "<xs:simpleType name='Price'><xs:restriction base='xs:decimal'><xs:totalDigits value='5'/>"
-                        "</xs:restriction></xs:simpleType></xs:schema>");
+                        "</xs:restriction></xs:simpleType><xs:element name='List'><xs:complexType><xs:sequence>"
+                        "<xs:element name='Item' type='xs:string' default='x' maxOccurs='9'/></xs:sequence>"
+                        "</xs:complexType><xs:unique name='U'><xs:selector xpath='Item'/><xs:field xpath='.'/>"
+                        "</xs:unique></xs:element></xs:schema>");
     const CommandResult result = Compile(dir, Quoted(path));
     EXPECT_EQ(result.status, 0);
-    EXPECT_NE(result.output.find("warning: " + path + ": totalDigits: the facet totalDigits is not checked"),
-              std::string::npos)
-        << result.output;
+    for (const char* warning : {": totalDigits: the facet totalDigits is not checked",
+                                ": element 'Item': the default or fixed value of an element is not applied",
+                                ": unique 'U': identity constraints are not checked"})
+        EXPECT_NE(result.output.find("warning: " + path + warning), std::string::npos) << result.output;
 }
 
 TEST(Compiler, SameSchemasGiveTheSameText)

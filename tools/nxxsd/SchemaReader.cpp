@@ -150,8 +150,25 @@ const SchemaReader::Component& SchemaReader::Find(std::map<QName, Component>& ta
 
 // ---- Everything together ----------------------------------------------------
 
+// What the classes read but do not enforce is said once per declaration.
+void SchemaReader::WarnUnchecked(const Doc* doc, Node node)
+{
+    for (Node child : Children(node)) {
+        if (IsXsd(child, "element")) {
+            if (HasAttr(child, "default") || HasAttr(child, "fixed"))
+                Warn(doc, child, "the default or fixed value of an element is not applied");
+        } else if (IsXsd(child, "key") || IsXsd(child, "keyref") || IsXsd(child, "unique")) {
+            Warn(doc, child, "identity constraints are not checked");
+            continue;
+        }
+        WarnUnchecked(doc, child);
+    }
+}
+
 void SchemaReader::Compile()
 {
+    for (const auto& doc : m_docs)
+        WarnUnchecked(doc.get(), doc->xml.GetDocumentElement());
     for (const QName& name : m_simpleOrder)
         SimpleFor(name, nullptr, nullptr);
     for (const QName& name : m_complexOrder)

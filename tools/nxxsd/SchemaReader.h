@@ -52,6 +52,7 @@ private:
     void LoadFile(const std::string& path, int file, const std::string* chameleonNamespace, Doc* from);
     [[noreturn]] void Fail(const Doc* doc, Node node, const std::string& what) const;
     void Warn(const Doc* doc, Node node, const std::string& what);
+    void WarnUnchecked(const Doc* doc, Node node);
     std::string Describe(const Doc* doc, Node node) const;
     QName Resolve(const Doc* doc, Node node, const std::string& attribute) const;
     const Component& Find(std::map<QName, Component>& table, const QName& name, const Doc* doc, Node node,
