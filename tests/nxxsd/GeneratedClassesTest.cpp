@@ -171,7 +171,7 @@ CSmartPtr<CXmlGeneratedClass> FullOrder()
 
 CSmartPtr<CXmlGeneratedClass> FullNamingItem()
 {
-    CSmartPtr<naming::Item_2> root(new naming::Item_2());
+    CSmartPtr<naming::ItemElement> root(new naming::ItemElement());
     naming::Item& item = *root->Item;
     item.class_ = "c";
     item.my_element = 1;

@@ -286,7 +286,8 @@ void SchemaReader::AddDeclaredElement(ClassModel* cls, Member member, Node decla
 {
     Node node = declaration;
     const TypeRef type =
-        TypeOfElement(declaration, doc, global ? member.xmlName : cls->cppName + "_" + member.xmlName);
+        TypeOfElement(declaration, doc, global ? GlobalElementClassName({member.ns, member.xmlName})
+                                               : cls->cppName + "_" + member.xmlName);
     const bool nillable = Attr(declaration, "nillable") == "true";
     switch (type.what) {
     case TypeRef::Simple:
@@ -410,6 +411,13 @@ void SchemaReader::AddMember(ClassModel* cls, Member member, bool attribute)
 
 
 // ---- Types of elements ------------------------------------------------------
+
+// The class of a global element's own type bears the element's name, or,
+// when a type of the schema has that name, the name with Element behind it.
+std::string SchemaReader::GlobalElementClassName(const QName& element) const
+{
+    return m_complexTypes.count(element) ? element.name + "Element" : element.name;
+}
 
 SchemaReader::TypeRef SchemaReader::TypeOfElement(Node node, Doc* doc, const std::string& hint)
 {

@@ -181,14 +181,14 @@ void SchemaReader::Compile()
         global.name = name.name;
         global.ns = name.ns;
         global.file = component.doc->file;
-        TypeRef type = TypeOfElement(component.node, component.doc, name.name);
+        TypeRef type = TypeOfElement(component.node, component.doc, GlobalElementClassName(name));
         if (type.what == TypeRef::Class) {
             global.cls = type.cls;
             if (Attr(component.node, "nillable") == "true")
                 global.cls->nillable = true;
         } else {
             // A document element of simple or any type holds text.
-            ClassModel* cls = NewClass(name.name, component.doc);
+            ClassModel* cls = NewClass(GlobalElementClassName(name), component.doc);
             cls->typeName = name.name;
             cls->elementName = name.name;
             cls->hasText = true;

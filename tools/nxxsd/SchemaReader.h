@@ -77,6 +77,7 @@ private:
     void MarkDerived(ClassModel* base, ClassModel* derived);
 
     TypeRef TypeOfElement(Node node, Doc* doc, const std::string& hint);
+    std::string GlobalElementClassName(const QName& element) const;
     TypeRef TypeByName(const QName& type, const Doc* doc, Node node);
     SimpleModel SimpleFor(const QName& type, const Doc* doc, Node node);
     SimpleModel BuildSimple(Node node, Doc* doc, const std::string& hint);
