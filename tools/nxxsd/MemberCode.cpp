@@ -121,8 +121,14 @@ std::string Emitter::AccessOf(const Member& m) const
         // A value read from a document meets the facets before it is kept;
         // the library itself checks them only when it writes.
         std::string check;
+        // long is wider than 32 bits here: xs:int and xs:unsignedInt keep their range.
+        if (s == "I4")
+            check = "NxXsdSupport::CheckRange(" + Quote(m.xmlName) +
+                    ", value.GetI4(), -2147483647L - 1, 2147483647L);\n            ";
+        else if (s == "UI4")
+            check = "NxXsdSupport::CheckRange(" + Quote(m.xmlName) + ", value.GetUI4(), 0UL, 4294967295UL);\n            ";
         if (m.fixed)
-            check = "static const std::string fixedValue = NxXsdSupport::Canonical" + s + "(" + Quote(m.defaultValue) +
+            check += "static const std::string fixedValue = NxXsdSupport::Canonical" + s + "(" + Quote(m.defaultValue) +
                     ", &NxXmlLib9::CConversions::" + ConversionOf(s) + ", " + RuleName(m.simple.whitespace) +
                     ");\n            NxXsdSupport::CheckFixed(" + Quote(m.xmlName) +
                     ", value.ToString(nullptr), fixedValue);\n            ";

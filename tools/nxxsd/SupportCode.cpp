@@ -204,6 +204,15 @@ NXXSD_CANONICAL(HexBinary, NxXmlLib9::CBinaryData)
 NXXSD_CANONICAL(Base64Binary, NxXmlLib9::CBinaryData)
 #undef NXXSD_CANONICAL
 
+// A number beyond the range of its schema type is refused.
+template <class T>
+void CheckRange(const char* name, T value, T low, T high)
+{
+    if (value < low || value > high)
+        throw NxXmlLib9::CNxInvalidValueException(NxXmlLib9::FormatString(
+            "The value [%s] of [%s] is out of the range of its type", std::to_string(value).c_str(), name));
+}
+
 // A value other than the fixed one is refused.
 inline void CheckFixed(const char* name, const std::string& value, const std::string& fixedValue)
 {
