@@ -276,6 +276,22 @@ CSmartPtr<CXmlGeneratedClass> FullPalette()
     return palette;
 }
 
+// A type that holds itself, to some depth.
+CSmartPtr<CXmlGeneratedClass> FullFolder()
+{
+    CSmartPtr<structure::Folder> root(new structure::Folder());
+    root->name = "root";
+    CSmartPtr<structure::Folder> child(new structure::Folder());
+    child->name = "child";
+    child->Parent = new structure::Folder("Parent");
+    child->Parent->name = "root again";
+    CSmartPtr<structure::Folder> grandchild(new structure::Folder());
+    grandchild->name = "grandchild";
+    child->Folder_2->Add(grandchild); // a member never bears the class name
+    root->Folder_2->Add(child);
+    return root;
+}
+
 // The type of the invoice namespace as the root element of the tax namespace.
 CSmartPtr<CXmlGeneratedClass> FullTaxInvoice()
 {
@@ -296,6 +312,7 @@ const Case kCases[] = {
     {"Primitives", "basics.xsd", FullPrimitives},
     {"Drawing", "structure.xsd", FullDrawing},
     {"Palette", "structure.xsd", FullPalette},
+    {"Folder", "structure.xsd", FullFolder},
     {"Order", "orders/orders.xsd", FullOrder},
     {"NamingItem", "naming.xsd", FullNamingItem},
     {"Invoice", "invoice/invoice.xsd", FullInvoice},
