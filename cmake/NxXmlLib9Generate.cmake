@@ -4,8 +4,8 @@
 # sources to the target, together with their directory on the include path
 # and the library to link. One run covers all the schemas given, so that
 # schemas which share types or a namespace compile together. The run is
-# redone when a schema, a schema beside it (what it may include) or the
-# compiler changes.
+# redone when the compiler or any schema read changes: the schemas named,
+# and what they include or import, which nxxsd lists in a dependency file.
 function(nxxmllib9_generate)
   cmake_parse_arguments(NXG "" "TARGET;CPP_NAMESPACE" "SCHEMAS" ${ARGN})
   if(NOT NXG_TARGET OR NOT NXG_SCHEMAS)
@@ -21,18 +21,13 @@ function(nxxmllib9_generate)
   set(out_dir ${CMAKE_CURRENT_BINARY_DIR}/nxxsd_${NXG_TARGET})
   set(schemas "")
   set(outputs "")
-  set(depends "")
   foreach(schema ${NXG_SCHEMAS})
     get_filename_component(schema ${schema} ABSOLUTE BASE_DIR ${CMAKE_CURRENT_SOURCE_DIR})
     get_filename_component(schema_name ${schema} NAME)
     string(REGEX REPLACE "\\.xsd$" "" schema_name "${schema_name}")
-    get_filename_component(schema_dir ${schema} DIRECTORY)
-    file(GLOB neighbours ${schema_dir}/*.xsd)
     list(APPEND schemas ${schema})
-    list(APPEND depends ${neighbours})
     list(APPEND outputs ${out_dir}/${schema_name}.h ${out_dir}/${schema_name}.cpp)
   endforeach()
-  list(REMOVE_DUPLICATES depends)
 
   set(namespace_option "")
   if(NXG_CPP_NAMESPACE)
@@ -41,11 +36,12 @@ function(nxxmllib9_generate)
   file(MAKE_DIRECTORY ${out_dir})
   add_custom_command(
     OUTPUT ${outputs}
-    COMMAND NxXmlLib9::nxxsd --output-dir ${out_dir} ${namespace_option} ${schemas}
+    COMMAND NxXmlLib9::nxxsd --output-dir ${out_dir} ${namespace_option} --depfile ${out_dir}/nxxsd.d ${schemas}
     # The compiler leaves unchanged files alone; touching them keeps the
     # build from running it again and again.
     COMMAND ${CMAKE_COMMAND} -E touch ${outputs}
-    DEPENDS ${schemas} ${depends} NxXmlLib9::nxxsd
+    DEPENDS ${schemas} NxXmlLib9::nxxsd
+    DEPFILE ${out_dir}/nxxsd.d
     COMMENT "Compiling schemas of ${NXG_TARGET} with nxxsd"
     VERBATIM)
   target_sources(${NXG_TARGET} PRIVATE ${outputs})

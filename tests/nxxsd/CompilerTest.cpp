@@ -147,3 +147,17 @@ TEST(Compiler, SameSchemasGiveTheSameText)
     }
     EXPECT_EQ(definitions, 1);
 }
+
+TEST(Compiler, DependencyFileListsEverySchemaRead)
+{
+    const std::string dir = ScratchDir("depfile");
+    ASSERT_EQ(Compile(dir, "--depfile " + Quoted(dir + "/deps.d") + " " +
+                               Quoted(SchemaPath("invoice/invoice.xsd")))
+                  .status,
+              0);
+    const std::string rule = ReadFile(dir + "/deps.d");
+    EXPECT_EQ(rule.find(dir + "/invoice.h " + dir + "/invoice.cpp :"), 0u) << rule;
+    for (const char* schema : {"/invoice/invoice.xsd", "/invoice/tax.xsd", "/orders/common.xsd"})
+        EXPECT_NE(rule.find(schema), std::string::npos) << rule;
+    EXPECT_EQ(rule.find("orders.xsd"), std::string::npos) << rule;
+}

@@ -19,7 +19,8 @@ using NxXmlLib9::CXmlElement;
 // One schema file as read: its tree, target namespace and form defaults,
 // and the output file its components go to.
 struct SchemaReader::Doc {
-    std::string path;
+    std::string path;         // as named by the command line or the including schema
+    std::string resolvedPath; // absolute, links resolved
     CXmlDocument xml;
     std::string tns;
     bool qualifiedElements = false;

@@ -1,4 +1,6 @@
 // Loading schema files, resolving names, and the walk over all components.
+#include <algorithm>
+
 #include "SchemaNodes.h"
 
 namespace nxxsd {
@@ -36,6 +38,15 @@ void SchemaReader::Warn(const Doc* doc, Node node, const std::string& what)
     m_warnings.push_back(Describe(doc, node) + ": " + what);
 }
 
+std::vector<std::string> SchemaReader::Files() const
+{
+    std::vector<std::string> files;
+    for (const auto& doc : m_docs)
+        if (std::find(files.begin(), files.end(), doc->resolvedPath) == files.end())
+            files.push_back(doc->resolvedPath);
+    return files;
+}
+
 void SchemaReader::Load(const std::string& path, int file)
 {
     LoadFile(path, file, nullptr, nullptr);
@@ -51,6 +62,7 @@ void SchemaReader::LoadFile(const std::string& path, int file, const std::string
         return;
     auto doc = std::make_unique<Doc>();
     doc->path = path;
+    doc->resolvedPath = resolved;
     doc->file = file;
     Doc* self = doc.get();
     m_docs.push_back(std::move(doc));

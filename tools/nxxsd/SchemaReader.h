@@ -27,6 +27,8 @@ public:
     void Load(const std::string& path, int file);
     // Builds classes, enumerations and global elements of everything read.
     void Compile();
+    // Every schema file read, by its resolved path, in the order read.
+    std::vector<std::string> Files() const;
     // What the compiler noticed but could map, for standard error.
     const std::vector<std::string>& Warnings() const { return m_warnings; }
 

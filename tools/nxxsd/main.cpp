@@ -4,6 +4,9 @@
 //
 // Writes NAME.h and NAME.cpp for each schema named, into DIR. Exit status 0
 // on success, 1 with a message naming file and construct on failure.
+// --depfile FILE also writes, in the form make reads, which schema files the
+// outputs depend on, so that a build reruns the compiler when an included
+// or imported schema changes.
 #include <clocale>
 #include <cstring>
 #include <fstream>
@@ -17,7 +20,21 @@
 
 namespace {
 
-const char* const kUsage = "usage: nxxsd [--output-dir DIR] [--cpp-namespace NS] SCHEMA.xsd...\n";
+const char* const kUsage = "usage: nxxsd [--output-dir DIR] [--cpp-namespace NS] [--depfile FILE] SCHEMA.xsd...\n";
+
+// A path as make reads it in a rule.
+std::string MakeEscaped(const std::string& path)
+{
+    std::string escaped;
+    for (char c : path) {
+        if (c == ' ' || c == '#' || c == '\\')
+            escaped += '\\';
+        if (c == '$')
+            escaped += '$';
+        escaped += c;
+    }
+    return escaped;
+}
 
 std::string BaseName(const std::string& path)
 {
@@ -74,11 +91,12 @@ int main(int argc, char** argv)
         std::setlocale(LC_CTYPE, "");
     std::string outputDir = ".";
     std::string cppNamespace;
+    std::string depfile;
     nxxsd::Model model;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
-        if ((arg == "--output-dir" || arg == "--cpp-namespace") && i + 1 < argc)
-            (arg == "--output-dir" ? outputDir : cppNamespace) = argv[++i];
+        if ((arg == "--output-dir" || arg == "--cpp-namespace" || arg == "--depfile") && i + 1 < argc)
+            (arg == "--output-dir" ? outputDir : arg == "--depfile" ? depfile : cppNamespace) = argv[++i];
         else if (arg == "--help" || arg == "-h") {
             std::cout << kUsage;
             return 0;
@@ -113,10 +131,18 @@ int main(int argc, char** argv)
         reader.Compile();
         for (const std::string& warning : reader.Warnings())
             std::cerr << "nxxsd: warning: " << warning << "\n";
+        std::string targets;
         for (size_t i = 0; i < model.files.size(); ++i) {
             const std::string stem = outputDir + "/" + model.files[i].baseName;
             WriteIfChanged(stem + ".h", nxxsd::EmitHeader(model, static_cast<int>(i)));
             WriteIfChanged(stem + ".cpp", nxxsd::EmitSource(model, static_cast<int>(i)));
+            targets += MakeEscaped(stem + ".h") + " " + MakeEscaped(stem + ".cpp") + " ";
+        }
+        if (!depfile.empty()) {
+            std::string rule = targets + ":";
+            for (const std::string& file : reader.Files())
+                rule += " \\\n  " + MakeEscaped(file);
+            WriteIfChanged(depfile, rule + "\n");
         }
     } catch (const nxxsd::CompileError& error) {
         std::cerr << "nxxsd: error: " << error.message << "\n";
