@@ -118,6 +118,9 @@ private:
     // Cleanup, then throws a CNxException with the text.
     [[noreturn]] void Fail(const char* message);
     unsigned long NextOctets(int count, unsigned long value);
+    // An index at bit 3 or 4, in the form of its start bit.
+    struct IntegerForm;
+    unsigned long ReadInteger(const IntegerForm& form);
     // The length of a non-empty octet string, in the form of its start bit.
     struct LengthForm;
     unsigned long ReadLength(const LengthForm& form);

@@ -123,6 +123,10 @@ private:
     // Composes the key of a qualified name in m_key and locates it.
     IndexMap::iterator LookUpQName(const std::string& prefix, const std::string& namespaceName,
                                    const std::string& localName, IndexMap& map, bool& found);
+    // A qualified name by index or literal, at bit 3 (elements) or bit 2
+    // (attributes).
+    void PutQualifiedNameOrIndex(unsigned char flags, const std::string& prefix, const std::string& namespaceName,
+                                 const std::string& localName, IndexMap& map, bool atBit3);
     void PutLiteralQName(unsigned char octet, const std::string& prefix, const std::string& namespaceName,
                          const std::string& localName, IndexMap& map, IndexMap::iterator place);
     // The encoded character string at bit 3, or at bit 5 when atBit5.

@@ -61,50 +61,51 @@ unsigned long CFastInfosetReader::Integer1To2pw20Bit2()
     return value + 8257;
 }
 
-unsigned long CFastInfosetReader::Integer1To2pw20Bit3()
+// The integer forms at bits 3 and 4 differ only in where the field starts:
+// the bit that tells a short form, the markers of the one-, two- and
+// three-octet forms, and the bases that each adds back.
+struct CFastInfosetReader::IntegerForm {
+    unsigned char shortFlag;
+    unsigned char formMask;
+    unsigned char oneOctetMarker;
+    unsigned char twoOctetMarker;
+    unsigned char threeOctetMarker;
+    unsigned long bases[3];
+    const char* failure;
+};
+
+unsigned long CFastInfosetReader::ReadInteger(const IntegerForm& form)
 {
     const unsigned char first = *m_current;
-    unsigned long value = 0;
-    if ((first & 0x20) == 0)
-        return (first & 0x1F) + 1UL;
-    switch (first & 0x38) {
-    case 0x20:
-        value = first & 0x07;
-        value = NextOctets(1, value);
-        return value + 33;
-    case 0x28:
-        value = first & 0x07;
-        value = NextOctets(2, value);
-        return value + 2081;
-    case 0x30:
-        value = NextOctets(3, value);
-        return value + 526369;
-    default:
-        Fail("Failed to parse FastInfoset. Invalid Encoding of integers 1 To 2^20 type  on the third bit of an octet.");
-    }
+    if ((first & form.shortFlag) == 0)
+        return (first & (form.shortFlag - 1)) + 1UL;
+    // The bits below the form's marker start the value of the one- and
+    // two-octet forms.
+    const unsigned long high = first & ((form.shortFlag >> 2) - 1);
+    const unsigned char marker = first & form.formMask;
+    if (marker == form.oneOctetMarker)
+        return NextOctets(1, high) + form.bases[0];
+    if (marker == form.twoOctetMarker)
+        return NextOctets(2, high) + form.bases[1];
+    if (marker == form.threeOctetMarker)
+        return NextOctets(3, 0) + form.bases[2];
+    Fail(form.failure);
+}
+
+unsigned long CFastInfosetReader::Integer1To2pw20Bit3()
+{
+    static const IntegerForm form = {
+        0x20, 0x38, 0x20, 0x28, 0x30, {33, 2081, 526369},
+        "Failed to parse FastInfoset. Invalid Encoding of integers 1 To 2^20 type  on the third bit of an octet."};
+    return ReadInteger(form);
 }
 
 unsigned long CFastInfosetReader::Integer1To2pw20Bit4()
 {
-    const unsigned char first = *m_current;
-    unsigned long value = 0;
-    if ((first & 0x10) == 0)
-        return (first & 0x0F) + 1UL;
-    switch (first & 0x1C) {
-    case 0x10:
-        value = first & 0x03;
-        value = NextOctets(1, value);
-        return value + 17;
-    case 0x14:
-        value = first & 0x03;
-        value = NextOctets(2, value);
-        return value + 1041;
-    case 0x18:
-        value = NextOctets(3, value);
-        return value + 263185;
-    default:
-        Fail("Failed to parse FastInfoset. Invalid Encoding of integers 1 To 2^20 type  on the fourth bit of an octet.");
-    }
+    static const IntegerForm form = {
+        0x10, 0x1C, 0x10, 0x14, 0x18, {17, 1041, 263185},
+        "Failed to parse FastInfoset. Invalid Encoding of integers 1 To 2^20 type  on the fourth bit of an octet."};
+    return ReadInteger(form);
 }
 
 unsigned long CFastInfosetReader::Integer0To2pw20Bit2()

@@ -139,29 +139,30 @@ void CFastInfosetWriter::QualifiedNameOrIndexBit3(unsigned char flags, const std
                                                   const std::string& namespaceName, const std::string& localName,
                                                   IndexMap& map)
 {
-    Emit([&] {
-        bool found = false;
-        const auto place = LookUpQName(prefix, namespaceName, localName, map, found);
-        if (found)
-            Integer1To2pw20Bit3(flags, place->second);
-        else
-            PutLiteralQName(LiteralOctet(kQNameBit3, flags, prefix, namespaceName), prefix, namespaceName,
-                            localName, map, place);
-    });
+    PutQualifiedNameOrIndex(flags, prefix, namespaceName, localName, map, true);
 }
 
 void CFastInfosetWriter::QualifiedNameOrIndexBit2(unsigned char flags, const std::string& prefix,
                                                   const std::string& namespaceName, const std::string& localName,
                                                   IndexMap& map)
 {
+    PutQualifiedNameOrIndex(flags, prefix, namespaceName, localName, map, false);
+}
+
+void CFastInfosetWriter::PutQualifiedNameOrIndex(unsigned char flags, const std::string& prefix,
+                                                 const std::string& namespaceName, const std::string& localName,
+                                                 IndexMap& map, bool atBit3)
+{
     Emit([&] {
         bool found = false;
         const auto place = LookUpQName(prefix, namespaceName, localName, map, found);
-        if (found)
+        if (found && atBit3)
+            Integer1To2pw20Bit3(flags, place->second);
+        else if (found)
             Integer1To2pw20Bit2(flags, place->second);
         else
-            PutLiteralQName(LiteralOctet(kQNameBit2, flags, prefix, namespaceName), prefix, namespaceName,
-                            localName, map, place);
+            PutLiteralQName(LiteralOctet(atBit3 ? kQNameBit3 : kQNameBit2, flags, prefix, namespaceName), prefix,
+                            namespaceName, localName, map, place);
     });
 }
 
