@@ -7,16 +7,19 @@
 
 #include "NxBigInteger.h"
 #include "NxBinaryData.h"
-#include "NxCollectionBase.h"
 #include "NxConversions.h"
 #include "NxDateTime.h"
 #include "NxDateTimeSpan.h"
 #include "NxDecimal.h"
 #include "NxFoundation.h"
 #include "NxSmartPtr.h"
-#include "NxXmlObjectBase.h"
 
 namespace NxXmlLib9 {
+
+// A variant only points to bound objects and collections and counts their
+// references; their classes live in the engine above the values.
+class CXmlObjectBase;
+class CXmlCollectionBase;
 
 // Numbers, characters and booleans are held in the value word itself, and so
 // are year, month and day, as bare numbers. Other kinds are held through a
@@ -111,11 +114,8 @@ public:
     std::string GetString() const;
     bool GetBoolean() const { return m_value.boolean; }
     // The receiver holds its own count.
-    CSmartPtr<CXmlObjectBase> GetXmlObject() const { return CSmartPtr<CXmlObjectBase>(m_value.object); }
-    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const
-    {
-        return CSmartPtr<CXmlCollectionBase>(m_value.collection);
-    }
+    CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
     // Copies of the held value object. The two binary getters read the same
     // object, and so do the five date getters: the copy has the kind of the
     // value stored, whichever of them is called. A variant that holds no

@@ -3,6 +3,10 @@
 // with how to copy and how to free their object.
 #include "NxVariant.h"
 
+// The bound kinds hold a counted reference: the count lives on the object.
+#include "NxCollectionBase.h"
+#include "NxXmlObjectBase.h"
+
 #include <utility>
 
 namespace NxXmlLib9 {
@@ -269,6 +273,16 @@ void NxVariant::SetInteger(const CBigInteger& value) { SetOwned(ItemTypeInteger,
 
 // The count is taken before the old content is let go, so setting the
 // object that the variant already holds never destroys it.
+CSmartPtr<CXmlObjectBase> NxVariant::GetXmlObject() const
+{
+    return CSmartPtr<CXmlObjectBase>(m_value.object);
+}
+
+CSmartPtr<CXmlCollectionBase> NxVariant::GetXmlCollection() const
+{
+    return CSmartPtr<CXmlCollectionBase>(m_value.collection);
+}
+
 void NxVariant::SetXmlObject(CXmlObjectBase* value)
 {
     if (value != nullptr)
