@@ -4,42 +4,21 @@
 // second, so equal rates mean equal time per document; the binary runs add
 // the binary size and its fraction of the text's size.
 #include "NxXmlLib9.h"
+#include "BenchmarkDocuments.h"
 #include "PeopleClasses.h"
 
 #include <benchmark/benchmark.h>
 
-#include <map>
 #include <string>
 
 using namespace NxXmlLib9;
-using NxTest::MakePeople;
 using NxTest::People;
 
+using NxBench::Document;
+using NxBench::DocumentText;
+using NxBench::SetBytes;
+
 namespace {
-
-const CSmartPtr<People>& Document(long count)
-{
-    static std::map<long, CSmartPtr<People>> documents;
-    CSmartPtr<People>& people = documents[count];
-    if (!people)
-        people = MakePeople(count);
-    return people;
-}
-
-const std::string& DocumentText(long count)
-{
-    static std::map<long, std::string> texts;
-    std::string& text = texts[count];
-    if (text.empty())
-        text = Document(count)->ToXml(false, false);
-    return text;
-}
-
-void SetBytes(benchmark::State& state, const std::string& xml)
-{
-    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(xml.size()));
-    state.counters["xml_bytes"] = static_cast<double>(xml.size());
-}
 
 void PeopleToXml(benchmark::State& state)
 {

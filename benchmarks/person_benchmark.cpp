@@ -5,35 +5,23 @@
 // and the walks add to parsing. Equal rates across the sizes show linear
 // growth.
 #include "NxXmlLib9.h"
+#include "BenchmarkDocuments.h"
 #include "PeopleClasses.h"
 
 #include <benchmark/benchmark.h>
 #include <expat.h>
 
-#include <map>
 #include <string>
 
 using namespace NxXmlLib9;
 using NxTest::MakePeople;
 using NxTest::People;
 
+using NxBench::Document;
+using NxBench::DocumentText;
+using NxBench::SetBytes;
+
 namespace {
-
-// One document per size, made once.
-const std::string& DocumentText(long count)
-{
-    static std::map<long, std::string> texts;
-    std::string& text = texts[count];
-    if (text.empty())
-        text = MakePeople(count)->ToXml(false, false);
-    return text;
-}
-
-void SetBytes(benchmark::State& state, const std::string& xml)
-{
-    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(xml.size()));
-    state.counters["bytes"] = static_cast<double>(xml.size());
-}
 
 void PersonToXml(benchmark::State& state)
 {
