@@ -40,14 +40,13 @@ private:
     std::atomic<bool> m_built {false};
 };
 
-// A repeated child element of a complex type; each item is made from its
-// element by the factory, so that xsi:type works per item.
+// What every repeated item of objects shares: typed access and writing each
+// item in turn.
 template <class T>
-class ObjectCol : public NxXmlLib9::CXmlCollection {
+class ItemCol : public NxXmlLib9::CXmlCollection {
 public:
-    using Make = NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> (*)(NxXmlLib9::CXmlElement*);
-    ObjectCol(const char* name, const char* ns, int minOccurs, int maxOccurs, Make make)
-        : CXmlCollection(name, ns, minOccurs, maxOccurs), m_make(make)
+    ItemCol(const char* name, const char* ns, int minOccurs, int maxOccurs)
+        : CXmlCollection(name, ns, minOccurs, maxOccurs)
     {
     }
     T* Item(int index) const
@@ -63,17 +62,31 @@ protected:
         for (NxXmlLib9::CNode* node = begin(); node != end(); node = node->next)
             CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
     }
+};
+
+// A repeated child element of a complex type; each item is made from its
+// element by the factory, so that xsi:type works per item.
+template <class T>
+class ObjectCol : public ItemCol<T> {
+public:
+    using Make = NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> (*)(NxXmlLib9::CXmlElement*);
+    ObjectCol(const char* name, const char* ns, int minOccurs, int maxOccurs, Make make)
+        : ItemCol<T>(name, ns, minOccurs, maxOccurs), m_make(make)
+    {
+    }
+
+protected:
     NxXmlLib9::CXmlElement* FromXml_Int(NxXmlLib9::CXmlElement*, NxXmlLib9::CXmlElement* cursor,
                                         const NxXmlLib9::CXmlSerializationContext& context, bool) override
     {
-        for (; cursor && NxXmlLib9::CXmlObjectHelper::DoesElementNameMatch(context, cursor, GetElementName(),
-                                                                           GetNamespace());
+        for (; cursor && NxXmlLib9::CXmlObjectHelper::DoesElementNameMatch(context, cursor, this->GetElementName(),
+                                                                           this->GetNamespace());
              cursor = cursor->GetNextSiblingElement()) {
             NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> item = m_make(cursor);
             if (!item)
                 break;
-            CXmlObjectBase::FromXml_Int(item, cursor, cursor->GetFirstElement(), context);
-            AppendItem(item);
+            NxXmlLib9::CXmlObjectBase::FromXml_Int(item, cursor, cursor->GetFirstElement(), context);
+            this->AppendItem(item);
         }
         return cursor;
     }
@@ -85,34 +98,23 @@ private:
 // A repeated nested group: each item is an object without an element of its
 // own, read from the parent's children for as long as another item matches.
 template <class T>
-class PseudoCol : public NxXmlLib9::CXmlCollection {
+class PseudoCol : public ItemCol<T> {
 public:
     PseudoCol(const char* name, const char* ns, int minOccurs, int maxOccurs)
-        : CXmlCollection(name, ns, minOccurs, maxOccurs), m_maxOccurs(maxOccurs)
+        : ItemCol<T>(name, ns, minOccurs, maxOccurs), m_maxOccurs(maxOccurs)
     {
     }
-    T* Item(int index) const
-    {
-        return dynamic_cast<T*>(static_cast<NxXmlLib9::CXmlObjectBase*>(GetNodeAtIndex(index)->item));
-    }
-    void Add(T* item) { AppendItem(item); }
 
 protected:
-    void ToXml_Int(NxXmlLib9::CXmlWriter* writer, bool, const char* elementNamespace,
-                   const NxXmlLib9::CXmlSerializationContext& context, bool) const override
-    {
-        for (NxXmlLib9::CNode* node = begin(); node != end(); node = node->next)
-            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
-    }
     NxXmlLib9::CXmlElement* FromXml_Int(NxXmlLib9::CXmlElement* parent, NxXmlLib9::CXmlElement* cursor,
                                         const NxXmlLib9::CXmlSerializationContext& context, bool) override
     {
-        while (cursor && (m_maxOccurs < 0 || GetCount() < m_maxOccurs)) {
+        while (cursor && (m_maxOccurs < 0 || this->GetCount() < m_maxOccurs)) {
             NxXmlLib9::CSmartPtr<T> item(new T());
-            NxXmlLib9::CXmlElement* next = CXmlObjectBase::FromXml_Int(item, parent, cursor, context);
+            NxXmlLib9::CXmlElement* next = NxXmlLib9::CXmlObjectBase::FromXml_Int(item, parent, cursor, context);
             if (next == cursor)
                 break;
-            AppendItem(item);
+            this->AppendItem(item);
             cursor = next;
         }
         return cursor;
