@@ -25,6 +25,31 @@ ClassModel* SchemaReader::NewClass(const std::string& wantedName, Doc* doc)
     return raw;
 }
 
+// A nested group of owner: a class without an element of its own, named
+// after itself, in owner's namespace.
+ClassModel* SchemaReader::NewPseudoClass(const std::string& wantedName, Doc* doc, const ClassModel* owner,
+                                         Group group)
+{
+    ClassModel* pseudo = NewClass(wantedName, doc);
+    pseudo->pseudo = true;
+    pseudo->typeName = pseudo->elementName = pseudo->cppName;
+    pseudo->typeNs = owner->typeNs;
+    pseudo->group = group;
+    return pseudo;
+}
+
+// The member by which owner holds its nested group pseudo.
+Member SchemaReader::PseudoMember(ClassModel* pseudo, const ClassModel* owner)
+{
+    Member member;
+    member.kind = Kind::Cls;
+    member.pseudo = true;
+    member.cls = pseudo;
+    member.xmlName = pseudo->cppName;
+    member.ns = owner->typeNs;
+    return member;
+}
+
 ClassModel* SchemaReader::ClassFor(const QName& type, const Doc* doc, Node node)
 {
     const auto known = m_typeClasses.find(type);
@@ -119,19 +144,10 @@ void SchemaReader::BuildComplexContent(ClassModel* cls, Node content, Doc* doc, 
             // The base's choice or all, then the extension's own particle:
             // a sequence whose first member is the base's group.
             cls->group = Group::Sequence;
-            ClassModel* group = NewClass(cls->cppName + "_base", doc);
-            group->pseudo = true;
-            group->typeName = group->elementName = group->cppName;
-            group->typeNs = cls->typeNs;
-            group->group = baseClass->group;
+            ClassModel* group = NewPseudoClass(cls->cppName + "_base", doc, cls, baseClass->group);
             for (const Member& member : baseClass->elements)
                 AddMember(group, member, false);
-            Member member;
-            member.kind = Kind::Cls;
-            member.pseudo = true;
-            member.cls = group;
-            member.xmlName = group->cppName;
-            member.ns = cls->typeNs;
+            Member member = PseudoMember(group, cls);
             member.cppName = "Base";
             AddMember(cls, member, false);
         } else if (extension) {
@@ -232,19 +248,9 @@ void SchemaReader::AddNestedGroup(ClassModel* cls, Node particle, Doc* doc)
     Node compositor = Compositor(particle, doc, &groupDoc);
     const std::string hint =
         IsXsd(particle, "group") ? Resolve(doc, particle, "ref").name : cls->cppName + "_" + particle->GetLocalName();
-    ClassModel* pseudo = NewClass(hint, groupDoc);
-    pseudo->pseudo = true;
-    pseudo->typeName = pseudo->cppName;
-    pseudo->typeNs = cls->typeNs;
-    pseudo->elementName = pseudo->cppName;
-    pseudo->group = GroupOf(compositor);
+    ClassModel* pseudo = NewPseudoClass(hint, groupDoc, cls, GroupOf(compositor));
     AddParticles(pseudo, compositor, groupDoc);
-    Member member;
-    member.kind = Kind::Cls;
-    member.pseudo = true;
-    member.cls = pseudo;
-    member.xmlName = pseudo->cppName;
-    member.ns = cls->typeNs;
+    Member member = PseudoMember(pseudo, cls);
     member.minOccurs = minOccurs;
     member.maxOccurs = maxOccurs;
     member.occurs = OccursOf(minOccurs, maxOccurs, cls->group);
@@ -334,12 +340,7 @@ void SchemaReader::AddSubstitutionGroup(ClassModel* cls, Member reference, const
     std::vector<QName> candidates {head};
     CollectSubstitutes(head, candidates);
     const Component& headComponent = m_elements.at(head);
-    ClassModel* choice = NewClass(head.name + "_choice", headComponent.doc);
-    choice->pseudo = true;
-    choice->typeName = choice->cppName;
-    choice->typeNs = cls->typeNs;
-    choice->elementName = choice->cppName;
-    choice->group = Group::Choice;
+    ClassModel* choice = NewPseudoClass(head.name + "_choice", headComponent.doc, cls, Group::Choice);
     for (const QName& name : candidates) {
         const Component& global = m_elements.at(name);
         if (Attr(global.node, "abstract") == "true")
@@ -352,12 +353,7 @@ void SchemaReader::AddSubstitutionGroup(ClassModel* cls, Member reference, const
     }
     if (choice->elements.empty())
         Fail(doc, node, "no element may stand for the abstract head of the substitution group");
-    Member member;
-    member.kind = Kind::Cls;
-    member.pseudo = true;
-    member.cls = choice;
-    member.xmlName = choice->cppName;
-    member.ns = cls->typeNs;
+    Member member = PseudoMember(choice, cls);
     member.minOccurs = reference.minOccurs;
     member.occurs = OccursOf(reference.minOccurs, 1, cls->group);
     member.cppName = head.name;

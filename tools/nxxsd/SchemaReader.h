@@ -61,6 +61,8 @@ private:
                           const char* what);
 
     ClassModel* NewClass(const std::string& wantedName, Doc* doc);
+    ClassModel* NewPseudoClass(const std::string& wantedName, Doc* doc, const ClassModel* owner, Group group);
+    static Member PseudoMember(ClassModel* pseudo, const ClassModel* owner);
     ClassModel* ClassFor(const QName& type, const Doc* doc, Node node);
     void BuildComplex(ClassModel* cls, Node node, Doc* doc);
     void BuildSimpleContent(ClassModel* cls, Node content, Doc* doc);
