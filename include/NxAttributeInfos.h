@@ -8,6 +8,7 @@
 #include "NxConversions.h"
 #include "NxFoundation.h"
 #include "NxMetadata.h"
+#include "NxNamespaceWildcard.h"
 #include "NxPrimitiveRestrictions.h"
 #include "NxVariant.h"
 
@@ -71,7 +72,7 @@ protected:
 class CAttributeInfoAny : public CAttributeInfo {
 public:
     CAttributeInfoAny(const char* name, const char* attributeNamespace, int propertyIndex, bool optional,
-                      const char* namespaceSpecification, const char* targetNamespace, const char* defaultValue);
+                      const char* namespaceWildcard, const char* targetNamespace, const char* defaultValue);
     ~CAttributeInfoAny() override;
 
     void AttributeToXml(const NxXmlLib9::CXmlSerializationContext& context,
@@ -81,11 +82,10 @@ public:
     // Nothing is required of a wildcard.
     void Validate(const NxXmlLib9::CXmlSerializationContext& context, bool found) const override;
 
-    const std::string& GetNamespaceSpecification() const { return m_namespaceSpecification; }
+    const CNamespaceWildcard& GetNamespaceWildcard() const { return m_wildcard; }
 
 protected:
-    std::string m_namespaceSpecification;
-    std::string m_targetNamespace;
+    CNamespaceWildcard m_wildcard;
 };
 
 } // namespace NxXmlLib9Data

@@ -111,6 +111,9 @@ public:
 protected:
     // The attributes of every item, in order.
     void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const override;
+    // Every item that is set writes itself, in order, in elementNamespace.
+    void ItemsToXml_Int(CXmlWriter* writer, const char* elementNamespace,
+                        const CXmlSerializationContext& context) const;
 
 private:
     // Links a new node for item before position (at the end for null) and

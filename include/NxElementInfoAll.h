@@ -13,6 +13,7 @@
 #include <string>
 
 #include "NxElementInfoTypes.h"
+#include "NxNamespaceWildcard.h"
 #include "NxMetadata.h"
 
 namespace NxXmlLib9Data {
@@ -255,11 +256,11 @@ private:
 
 // Named "AnyElement", the record takes whatever element comes (xs:any);
 // under any other name, only an element of that local name. The namespace
-// specification is a wildcard text such as "##any".
+// wildcard is a text such as "##any".
 class CElementInfoAllUntpdMnd : public CElementInfoAll {
 public:
     CElementInfoAllUntpdMnd(const char* name, const char* elementNamespace, int propertyIndex,
-                            const char* namespaceSpecification, const char* targetNamespace);
+                            const char* namespaceWildcard, const char* targetNamespace);
     bool ElementToXml(const NxXmlLib9::CXmlSerializationContext& context, const NxXmlLib9::CXmlGeneratedClass* object,
                       NxXmlLib9::CXmlWriter* writer) const override;
     bool ElementFromXml(const NxXmlLib9::CXmlSerializationContext& context, NxXmlLib9::CXmlGeneratedClass* object,
@@ -269,14 +270,13 @@ public:
                   bool found, bool mustThrow) const override;
 
 private:
-    std::string m_namespaceSpecification;
-    std::string m_targetNamespace;
+    CNamespaceWildcard m_wildcard;
 };
 
 class CElementInfoAllUntpdOpt : public CElementInfoAll {
 public:
     CElementInfoAllUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
-                            const char* namespaceSpecification, const char* targetNamespace);
+                            const char* namespaceWildcard, const char* targetNamespace);
     bool ElementToXml(const NxXmlLib9::CXmlSerializationContext& context, const NxXmlLib9::CXmlGeneratedClass* object,
                       NxXmlLib9::CXmlWriter* writer) const override;
     bool ElementFromXml(const NxXmlLib9::CXmlSerializationContext& context, NxXmlLib9::CXmlGeneratedClass* object,
@@ -286,8 +286,7 @@ public:
                   bool found, bool mustThrow) const override;
 
 private:
-    std::string m_namespaceSpecification;
-    std::string m_targetNamespace;
+    CNamespaceWildcard m_wildcard;
 };
 
 } // namespace NxXmlLib9Data

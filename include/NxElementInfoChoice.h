@@ -8,6 +8,7 @@
 #include <string>
 
 #include "NxElementInfoTypes.h"
+#include "NxNamespaceWildcard.h"
 #include "NxMetadata.h"
 
 namespace NxXmlLib9 {
@@ -172,7 +173,7 @@ private:
 class CElementInfoChoiceUntpdOpt : public CElementInfoChoice {
 public:
     CElementInfoChoiceUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
-                               const char* namespaceSpecification, const char* targetNamespace);
+                               const char* namespaceWildcard, const char* targetNamespace);
     bool ElementToXml(const NxXmlLib9::CXmlSerializationContext& context, const NxXmlLib9::CXmlGeneratedClass* object,
                       NxXmlLib9::CXmlWriter* writer) const override;
     bool ElementFromXml(const NxXmlLib9::CXmlSerializationContext& context, NxXmlLib9::CXmlGeneratedClass* object,
@@ -180,8 +181,7 @@ public:
                         XmlElementType parentType) override;
 
 private:
-    std::string m_namespaceSpecification;
-    std::string m_targetNamespace;
+    CNamespaceWildcard m_wildcard;
 };
 
 } // namespace NxXmlLib9Data

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "NxElementInfoTypes.h"
+#include "NxNamespaceWildcard.h"
 #include "NxMetadata.h"
 
 namespace NxXmlLib9 {
@@ -253,11 +254,11 @@ private:
 
 // Named "AnyElement", the record takes whatever element comes (xs:any);
 // under any other name, only an element of that local name. The namespace
-// specification is a wildcard text such as "##any".
+// wildcard is a text such as "##any".
 class CElementInfoSeqUntpdMnd : public CElementInfoSeq {
 public:
     CElementInfoSeqUntpdMnd(const char* name, const char* elementNamespace, int propertyIndex,
-                            const char* namespaceSpecification, const char* targetNamespace);
+                            const char* namespaceWildcard, const char* targetNamespace);
     bool ElementToXml(const NxXmlLib9::CXmlSerializationContext& context, const NxXmlLib9::CXmlGeneratedClass* object,
                       NxXmlLib9::CXmlWriter* writer) const override;
     bool ElementFromXml(const NxXmlLib9::CXmlSerializationContext& context, NxXmlLib9::CXmlGeneratedClass* object,
@@ -265,14 +266,13 @@ public:
                         XmlElementType parentType) override;
 
 private:
-    std::string m_namespaceSpecification;
-    std::string m_targetNamespace;
+    CNamespaceWildcard m_wildcard;
 };
 
 class CElementInfoSeqUntpdOpt : public CElementInfoSeq {
 public:
     CElementInfoSeqUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
-                            const char* namespaceSpecification, const char* targetNamespace);
+                            const char* namespaceWildcard, const char* targetNamespace);
     bool ElementToXml(const NxXmlLib9::CXmlSerializationContext& context, const NxXmlLib9::CXmlGeneratedClass* object,
                       NxXmlLib9::CXmlWriter* writer) const override;
     bool ElementFromXml(const NxXmlLib9::CXmlSerializationContext& context, NxXmlLib9::CXmlGeneratedClass* object,
@@ -280,8 +280,7 @@ public:
                         XmlElementType parentType) override;
 
 private:
-    std::string m_namespaceSpecification;
-    std::string m_targetNamespace;
+    CNamespaceWildcard m_wildcard;
 };
 
 } // namespace NxXmlLib9Data

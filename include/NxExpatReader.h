@@ -43,7 +43,6 @@ public:
     static void FnStartElement(void* userData, const char* name, const char** attributes);
     static void FnEndElement(void* userData, const char* name);
     static void FnStartNamespace(void* userData, const char* prefix, const char* uri);
-    static void FnEndNamespace(void* userData, const char* prefix);
     static void FnText(void* userData, const char* text, int length);
     static void FnStartCDATA(void* userData);
     static void FnEndCDATA(void* userData);

@@ -7,22 +7,9 @@
 #include <utility>
 #include <vector>
 
-namespace NxXmlLib9 {
+#include "NxOutputOptions.h"
 
-// The XML declaration written ahead of a binary document. A value is an
-// index into FI_DECLARATION_LIST plus one; 0 writes none.
-enum FInfoDecl : int {
-    FInfoDeclNone = 0,
-    FInfoDeclEncoding = 1,
-    FInfoDeclEncodingStandaloneYes = 2,
-    FInfoDeclEncodingStandaloneNo = 3,
-    FInfoDeclVersion10 = 4,
-    FInfoDeclVersion10StandaloneYes = 5,
-    FInfoDeclVersion10StandaloneNo = 6,
-    FInfoDeclVersion11 = 7,
-    FInfoDeclVersion11StandaloneYes = 8,
-    FInfoDeclVersion11StandaloneNo = 9
-};
+namespace NxXmlLib9 {
 
 inline constexpr unsigned long FI_DECLARATION_COUNT = 9;
 

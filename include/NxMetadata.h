@@ -124,10 +124,10 @@ public:
     bool IsThisElement(const NxXmlLib9::CXmlSerializationContext& context,
                        const NxXmlLib9::CXmlElement* element) const;
 
-    // The namespace a new wildcard element gets from a namespace
-    // specification ("##any", "##other", "##local", "##targetNamespace", a
+    // The namespace a new wildcard element gets from its namespace
+    // wildcard ("##any", "##other", "##local", "##targetNamespace", a
     // URI or a list of these). Null texts are taken as empty.
-    static std::string GetAnyDefaultNamespace(const char* specification, const char* classNamespace,
+    static std::string GetAnyDefaultNamespace(const char* wildcard, const char* classNamespace,
                                               const char* targetNamespace);
 
     // Checks the value against the facets of this entry. An entry without a
@@ -195,7 +195,7 @@ public:
     std::string GetTargetNamespace(const NxXmlLib9::CXmlObjectBase* object) const;
     // Throws CNxInvalidNamespaceException when the wildcard text does not
     // admit the namespace.
-    void TestNamespace(const std::string& namespaceUri, const std::string& specification,
+    void TestNamespace(const std::string& namespaceUri, const std::string& wildcard,
                        const std::string& targetNamespace) const;
     // Reaches the protected write walk of an object, such as the collection
     // behind a wildcard attribute.

@@ -8,17 +8,9 @@
 
 #include "NxBinaryData.h"
 #include "NxFoundation.h"
+#include "NxOutputOptions.h"
 
 namespace NxXmlLib9 {
-
-// The encoding a text stream declares and converts to when its bytes are
-// requested.
-enum XmlEncoding : int {
-    XmlEncodingNone = 0,
-    XmlEncodingUTF8 = 1,
-    XmlEncodingUTF16 = 2,
-    XmlEncodingUnicode = 3
-};
 
 // Text held in a list of fixed-size blocks. Appending never moves text that
 // is already held: a full block is left as it is and a fresh one started, so

@@ -69,7 +69,8 @@ struct CPrimitiveKind {
     // Numbers and strings are passed by value, value classes by constant
     // reference.
     typedef std::conditional_t<std::is_scalar_v<T> || std::is_same_v<T, std::string>, T, const T&> Argument;
-    typedef CItemVector<T> Storage;
+    // Booleans pack one bit each; every other kind holds its values whole.
+    typedef std::conditional_t<std::is_same_v<T, bool>, CBitVector, CItemVector<T>> Storage;
     static constexpr ItemType Type = kItemType;
 
     // Reals and decimals print with the collection's format; the other kinds
@@ -198,305 +199,89 @@ public:
 };
 
 // ---- The kinds ---------------------------------------------------------------
+//
+// Each kind is one row of a list: the name its class, conversions and facet
+// check are called by, the stored type and the item type. The date-like kinds
+// store CDateTime and name instead the CDateTime kind they accept. Everything
+// that is made once per kind (the kind record, the class, the explicit
+// instantiation and the destructor) is made from these lists.
 
-struct ChexBinaryKind : CPrimitiveKind<CBinaryData, ItemTypeHexBinary,
-                                       &CConversions::hexBinaryToString, &CConversions::hexBinaryFromString,
-                                       &CXmlObjectHelper::CheckRestrictionForhexBinary> {
-    static constexpr const char* ClassName = "ChexBinaryCol";
-};
-struct Cbase64BinaryKind : CPrimitiveKind<CBinaryData, ItemTypeBase64Binary,
-                                          &CConversions::base64BinaryToString, &CConversions::base64BinaryFromString,
-                                          &CXmlObjectHelper::CheckRestrictionForbase64Binary> {
-    static constexpr const char* ClassName = "Cbase64BinaryCol";
-};
-struct Ci1Kind : CPrimitiveKind<char, ItemTypeI1,
-                                &CConversions::i1ToString, &CConversions::i1FromString,
-                                &CXmlObjectHelper::CheckRestrictionFori1> {
-    static constexpr const char* ClassName = "Ci1Col";
-};
-struct Ci2Kind : CPrimitiveKind<short, ItemTypeI2,
-                                &CConversions::i2ToString, &CConversions::i2FromString,
-                                &CXmlObjectHelper::CheckRestrictionFori2> {
-    static constexpr const char* ClassName = "Ci2Col";
-};
-struct Ci4Kind : CPrimitiveKind<long, ItemTypeI4,
-                                &CConversions::i4ToString, &CConversions::i4FromString,
-                                &CXmlObjectHelper::CheckRestrictionFori4> {
-    static constexpr const char* ClassName = "Ci4Col";
-};
-struct Ci8Kind : CPrimitiveKind<long long, ItemTypeI8,
-                                &CConversions::i8ToString, &CConversions::i8FromString,
-                                &CXmlObjectHelper::CheckRestrictionFori8> {
-    static constexpr const char* ClassName = "Ci8Col";
-};
-struct Cui1Kind : CPrimitiveKind<unsigned char, ItemTypeUI1,
-                                 &CConversions::ui1ToString, &CConversions::ui1FromString,
-                                 &CXmlObjectHelper::CheckRestrictionForui1> {
-    static constexpr const char* ClassName = "Cui1Col";
-};
-struct Cui2Kind : CPrimitiveKind<unsigned short, ItemTypeUI2,
-                                 &CConversions::ui2ToString, &CConversions::ui2FromString,
-                                 &CXmlObjectHelper::CheckRestrictionForui2> {
-    static constexpr const char* ClassName = "Cui2Col";
-};
-struct Cui4Kind : CPrimitiveKind<unsigned long, ItemTypeUI4,
-                                 &CConversions::ui4ToString, &CConversions::ui4FromString,
-                                 &CXmlObjectHelper::CheckRestrictionForui4> {
-    static constexpr const char* ClassName = "Cui4Col";
-};
-struct Cui8Kind : CPrimitiveKind<unsigned long long, ItemTypeUI8,
-                                 &CConversions::ui8ToString, &CConversions::ui8FromString,
-                                 &CXmlObjectHelper::CheckRestrictionForui8> {
-    static constexpr const char* ClassName = "Cui8Col";
-};
-struct Cr4Kind : CPrimitiveKind<float, ItemTypeR4,
-                                &CConversions::r4ToString, &CConversions::r4FromString,
-                                &CXmlObjectHelper::CheckRestrictionForr4> {
-    static constexpr const char* ClassName = "Cr4Col";
-};
-struct Cr8Kind : CPrimitiveKind<double, ItemTypeR8,
-                                &CConversions::r8ToString, &CConversions::r8FromString,
-                                &CXmlObjectHelper::CheckRestrictionForr8> {
-    static constexpr const char* ClassName = "Cr8Col";
-};
-struct CdurationKind : CPrimitiveKind<CDateTimeSpan, ItemTypeDuration,
-                                      &CConversions::durationToString, &CConversions::durationFromString,
-                                      &CXmlObjectHelper::CheckRestrictionForduration> {
-    static constexpr const char* ClassName = "CdurationCol";
-};
-struct CyearKind : CPrimitiveKind<unsigned short, ItemTypeYear,
-                                  &CConversions::yearToString, &CConversions::yearFromString,
-                                  &CXmlObjectHelper::CheckRestrictionForyear> {
-    static constexpr const char* ClassName = "CyearCol";
-};
-struct CmonthKind : CPrimitiveKind<unsigned char, ItemTypeMonth,
-                                   &CConversions::monthToString, &CConversions::monthFromString,
-                                   &CXmlObjectHelper::CheckRestrictionFormonth> {
-    static constexpr const char* ClassName = "CmonthCol";
-};
-struct CdayKind : CPrimitiveKind<unsigned char, ItemTypeDay,
-                                 &CConversions::dayToString, &CConversions::dayFromString,
-                                 &CXmlObjectHelper::CheckRestrictionForday> {
-    static constexpr const char* ClassName = "CdayCol";
-};
-struct CstringKind : CPrimitiveKind<std::string, ItemTypeString,
-                                    &CConversions::stringToString, &CConversions::stringFromString,
-                                    &CXmlObjectHelper::CheckRestrictionForstring> {
-    static constexpr const char* ClassName = "CstringCol";
-};
-struct CdecimalKind : CPrimitiveKind<CDecimal, ItemTypeDecimal,
-                                     &CConversions::decimalToString, &CConversions::decimalFromString,
-                                     &CXmlObjectHelper::CheckRestrictionFordecimal> {
-    static constexpr const char* ClassName = "CdecimalCol";
-};
-struct CintegerKind : CPrimitiveKind<CBigInteger, ItemTypeInteger,
-                                     &CConversions::integerToString, &CConversions::integerFromString,
-                                     &CXmlObjectHelper::CheckRestrictionForinteger> {
-    static constexpr const char* ClassName = "CintegerCol";
-};
-// The only kind with storage of its own: one bit per value.
-struct CbooleanKind : CPrimitiveKind<bool, ItemTypeBoolean,
-                                     &CConversions::booleanToString, &CConversions::booleanFromString,
-                                     &CXmlObjectHelper::CheckRestrictionForboolean> {
-    static constexpr const char* ClassName = "CbooleanCol";
-    typedef CBitVector Storage;
-};
+#define NXXML_PRIMITIVE_COLLECTION_KINDS(X)            \
+    X(hexBinary, CBinaryData, ItemTypeHexBinary)       \
+    X(base64Binary, CBinaryData, ItemTypeBase64Binary) \
+    X(i1, char, ItemTypeI1)                            \
+    X(i2, short, ItemTypeI2)                           \
+    X(i4, long, ItemTypeI4)                            \
+    X(i8, long long, ItemTypeI8)                       \
+    X(ui1, unsigned char, ItemTypeUI1)                 \
+    X(ui2, unsigned short, ItemTypeUI2)                \
+    X(ui4, unsigned long, ItemTypeUI4)                 \
+    X(ui8, unsigned long long, ItemTypeUI8)            \
+    X(r4, float, ItemTypeR4)                           \
+    X(r8, double, ItemTypeR8)                          \
+    X(duration, CDateTimeSpan, ItemTypeDuration)       \
+    X(year, unsigned short, ItemTypeYear)              \
+    X(month, unsigned char, ItemTypeMonth)             \
+    X(day, unsigned char, ItemTypeDay)                 \
+    X(string, std::string, ItemTypeString)             \
+    X(boolean, bool, ItemTypeBoolean)                  \
+    X(decimal, CDecimal, ItemTypeDecimal)              \
+    X(integer, CBigInteger, ItemTypeInteger)
 
+#define NXXML_DATE_LIKE_COLLECTION_KINDS(X)          \
+    X(datetime, ItemTypeDateTime, dt_dateTime)       \
+    X(date, ItemTypeDate, dt_date)                   \
+    X(yearMonth, ItemTypeYearMonth, dt_gYearMonth)   \
+    X(time, ItemTypeTime, dt_time)                   \
+    X(monthDay, ItemTypeMonthDay, dt_gMonthDay)
+
+#define NXXML_KIND_BASE(name, stored, itemType)                                                             \
+    CPrimitiveKind<stored, itemType, &CConversions::name##ToString, &CConversions::name##FromString,     \
+                   &CXmlObjectHelper::CheckRestrictionFor##name>
+
+#define NXXML_PRIMITIVE_KIND(name, stored, itemType)                  \
+    struct C##name##Kind : NXXML_KIND_BASE(name, stored, itemType) { \
+        static constexpr const char* ClassName = "C" #name "Col";    \
+    };
 // The date-like kinds also name the CDateTime kind they accept and the
 // message that refuses any other.
-struct CdatetimeKind : CPrimitiveKind<CDateTime, ItemTypeDateTime,
-                                      &CConversions::datetimeToString, &CConversions::datetimeFromString,
-                                      &CXmlObjectHelper::CheckRestrictionFordatetime> {
-    static constexpr const char* ClassName = "CdatetimeCol";
-    static constexpr CDateTime::DTType DateType = CDateTime::dt_dateTime;
-    static constexpr const char* TypeMessage = "Dates added to this collection must be of type dt_dateTime";
-};
-struct CdateKind : CPrimitiveKind<CDateTime, ItemTypeDate,
-                                  &CConversions::dateToString, &CConversions::dateFromString,
-                                  &CXmlObjectHelper::CheckRestrictionFordate> {
-    static constexpr const char* ClassName = "CdateCol";
-    static constexpr CDateTime::DTType DateType = CDateTime::dt_date;
-    static constexpr const char* TypeMessage = "Dates added to this collection must be of type dt_date";
-};
-struct CyearMonthKind : CPrimitiveKind<CDateTime, ItemTypeYearMonth,
-                                       &CConversions::yearMonthToString, &CConversions::yearMonthFromString,
-                                       &CXmlObjectHelper::CheckRestrictionForyearMonth> {
-    static constexpr const char* ClassName = "CyearMonthCol";
-    static constexpr CDateTime::DTType DateType = CDateTime::dt_gYearMonth;
-    static constexpr const char* TypeMessage = "Dates added to this collection must be of type dt_gYearMonth";
-};
-struct CtimeKind : CPrimitiveKind<CDateTime, ItemTypeTime,
-                                  &CConversions::timeToString, &CConversions::timeFromString,
-                                  &CXmlObjectHelper::CheckRestrictionFortime> {
-    static constexpr const char* ClassName = "CtimeCol";
-    static constexpr CDateTime::DTType DateType = CDateTime::dt_time;
-    static constexpr const char* TypeMessage = "Dates added to this collection must be of type dt_time";
-};
-struct CmonthDayKind : CPrimitiveKind<CDateTime, ItemTypeMonthDay,
-                                      &CConversions::monthDayToString, &CConversions::monthDayFromString,
-                                      &CXmlObjectHelper::CheckRestrictionFormonthDay> {
-    static constexpr const char* ClassName = "CmonthDayCol";
-    static constexpr CDateTime::DTType DateType = CDateTime::dt_gMonthDay;
-    static constexpr const char* TypeMessage = "Dates added to this collection must be of type dt_gMonthDay";
-};
+#define NXXML_DATE_LIKE_KIND(name, itemType, dateType)                                           \
+    struct C##name##Kind : NXXML_KIND_BASE(name, CDateTime, itemType) {                        \
+        static constexpr const char* ClassName = "C" #name "Col";                               \
+        static constexpr CDateTime::DTType DateType = CDateTime::dateType;                       \
+        static constexpr const char* TypeMessage = "Dates added to this collection must be of type " #dateType; \
+    };
+NXXML_PRIMITIVE_COLLECTION_KINDS(NXXML_PRIMITIVE_KIND)
+NXXML_DATE_LIKE_COLLECTION_KINDS(NXXML_DATE_LIKE_KIND)
+#undef NXXML_DATE_LIKE_KIND
+#undef NXXML_PRIMITIVE_KIND
+#undef NXXML_KIND_BASE
 
 // The members are instantiated once, inside the library.
-extern template class CPrimitiveCol<ChexBinaryKind>;
-extern template class CPrimitiveCol<Cbase64BinaryKind>;
-extern template class CPrimitiveCol<Ci1Kind>;
-extern template class CPrimitiveCol<Ci2Kind>;
-extern template class CPrimitiveCol<Ci4Kind>;
-extern template class CPrimitiveCol<Ci8Kind>;
-extern template class CPrimitiveCol<Cui1Kind>;
-extern template class CPrimitiveCol<Cui2Kind>;
-extern template class CPrimitiveCol<Cui4Kind>;
-extern template class CPrimitiveCol<Cui8Kind>;
-extern template class CPrimitiveCol<Cr4Kind>;
-extern template class CPrimitiveCol<Cr8Kind>;
-extern template class CPrimitiveCol<CdurationKind>;
-extern template class CPrimitiveCol<CyearKind>;
-extern template class CPrimitiveCol<CmonthKind>;
-extern template class CPrimitiveCol<CdayKind>;
-extern template class CPrimitiveCol<CstringKind>;
-extern template class CPrimitiveCol<CdecimalKind>;
-extern template class CPrimitiveCol<CintegerKind>;
-extern template class CPrimitiveCol<CbooleanKind>;
-extern template class CDateLikeCol<CdatetimeKind>;
-extern template class CDateLikeCol<CdateKind>;
-extern template class CDateLikeCol<CyearMonthKind>;
-extern template class CDateLikeCol<CtimeKind>;
-extern template class CDateLikeCol<CmonthDayKind>;
+#define NXXML_EXTERN_PRIMITIVE_COL(name, ...) extern template class CPrimitiveCol<C##name##Kind>;
+#define NXXML_EXTERN_DATE_LIKE_COL(name, ...) extern template class CDateLikeCol<C##name##Kind>;
+NXXML_PRIMITIVE_COLLECTION_KINDS(NXXML_EXTERN_PRIMITIVE_COL)
+NXXML_DATE_LIKE_COLLECTION_KINDS(NXXML_EXTERN_DATE_LIKE_COL)
+#undef NXXML_EXTERN_DATE_LIKE_COL
+#undef NXXML_EXTERN_PRIMITIVE_COL
 
 // ---- The collections ---------------------------------------------------------
 //
 // Each takes the arguments of CXmlTypeCollection without the ItemType, which
 // its kind supplies.
 
-class ChexBinaryCol : public CPrimitiveCol<ChexBinaryKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~ChexBinaryCol() override;
-};
-class Cbase64BinaryCol : public CPrimitiveCol<Cbase64BinaryKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cbase64BinaryCol() override;
-};
-class Ci1Col : public CPrimitiveCol<Ci1Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Ci1Col() override;
-};
-class Ci2Col : public CPrimitiveCol<Ci2Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Ci2Col() override;
-};
-class Ci4Col : public CPrimitiveCol<Ci4Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Ci4Col() override;
-};
-class Ci8Col : public CPrimitiveCol<Ci8Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Ci8Col() override;
-};
-class Cui1Col : public CPrimitiveCol<Cui1Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cui1Col() override;
-};
-class Cui2Col : public CPrimitiveCol<Cui2Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cui2Col() override;
-};
-class Cui4Col : public CPrimitiveCol<Cui4Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cui4Col() override;
-};
-class Cui8Col : public CPrimitiveCol<Cui8Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cui8Col() override;
-};
-class Cr4Col : public CPrimitiveCol<Cr4Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cr4Col() override;
-};
-class Cr8Col : public CPrimitiveCol<Cr8Kind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~Cr8Col() override;
-};
-class CdurationCol : public CPrimitiveCol<CdurationKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CdurationCol() override;
-};
-class CyearCol : public CPrimitiveCol<CyearKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CyearCol() override;
-};
-class CmonthCol : public CPrimitiveCol<CmonthKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CmonthCol() override;
-};
-class CdayCol : public CPrimitiveCol<CdayKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CdayCol() override;
-};
-class CstringCol : public CPrimitiveCol<CstringKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CstringCol() override;
-};
-class CbooleanCol : public CPrimitiveCol<CbooleanKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CbooleanCol() override;
-};
-class CdecimalCol : public CPrimitiveCol<CdecimalKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CdecimalCol() override;
-};
-class CintegerCol : public CPrimitiveCol<CintegerKind> {
-public:
-    using CPrimitiveCol::CPrimitiveCol;
-    ~CintegerCol() override;
-};
-
-class CdatetimeCol : public CDateLikeCol<CdatetimeKind> {
-public:
-    using CDateLikeCol::CDateLikeCol;
-    ~CdatetimeCol() override;
-};
-class CdateCol : public CDateLikeCol<CdateKind> {
-public:
-    using CDateLikeCol::CDateLikeCol;
-    ~CdateCol() override;
-};
-class CyearMonthCol : public CDateLikeCol<CyearMonthKind> {
-public:
-    using CDateLikeCol::CDateLikeCol;
-    ~CyearMonthCol() override;
-};
-class CtimeCol : public CDateLikeCol<CtimeKind> {
-public:
-    using CDateLikeCol::CDateLikeCol;
-    ~CtimeCol() override;
-};
-class CmonthDayCol : public CDateLikeCol<CmonthDayKind> {
-public:
-    using CDateLikeCol::CDateLikeCol;
-    ~CmonthDayCol() override;
-};
+#define NXXML_DECLARE_COL(name, Base)                  \
+    class C##name##Col : public Base<C##name##Kind> { \
+    public:                                           \
+        using Base::Base;                             \
+        ~C##name##Col() override;                     \
+    };
+#define NXXML_DECLARE_PRIMITIVE_COL(name, ...) NXXML_DECLARE_COL(name, CPrimitiveCol)
+#define NXXML_DECLARE_DATE_LIKE_COL(name, ...) NXXML_DECLARE_COL(name, CDateLikeCol)
+NXXML_PRIMITIVE_COLLECTION_KINDS(NXXML_DECLARE_PRIMITIVE_COL)
+NXXML_DATE_LIKE_COLLECTION_KINDS(NXXML_DECLARE_DATE_LIKE_COL)
+#undef NXXML_DECLARE_DATE_LIKE_COL
+#undef NXXML_DECLARE_PRIMITIVE_COL
+#undef NXXML_DECLARE_COL
 
 } // namespace NxXmlLib9

@@ -10,6 +10,7 @@
 #include "NxXmlWriter.h"
 #include "NxBinaryStream.h"
 #include "NxZip.h"
+#include "NxOutputOptions.h"
 
 #include "NxFastInfosetContext.h"
 #include "NxFastInfosetBinaryData.h"
@@ -36,6 +37,7 @@
 #include "NxXmlObjectHelper.h"
 
 #include "NxMetadata.h"
+#include "NxNamespaceWildcard.h"
 #include "NxAttributeInfos.h"
 #include "NxElementInfoTypes.h"
 #include "NxElementInfoSeq.h"

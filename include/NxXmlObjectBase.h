@@ -8,13 +8,8 @@
 #include <string>
 
 #include "NxBinaryData.h"
-#include "NxException.h"
-#include "NxFastInfosetContext.h"
-#include "NxFoundation.h"
+#include "NxOutputOptions.h"
 #include "NxSerializationContext.h"
-#include "NxSmartPtr.h"
-#include "NxXmlWriter.h"
-#include "NxZip.h"
 
 namespace NxXmlLib9Data {
 class CElementInfo;
@@ -27,6 +22,7 @@ class CXmlObjectBase;
 class CXmlCollectionBase;
 class CXmlElement;
 class CElement;
+class CXmlWriter;
 
 // Generated code calls this before its first object is made; every public
 // entry refuses to work unless the generator's version is the runtime's.
@@ -178,9 +174,9 @@ public:
     // a null text counts as an empty one.
     bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
                               const char* name, const char* elementNamespace) const;
-    bool IsNamespaceValid(const char* namespaceUri, const char* specification,
+    bool IsNamespaceValid(const char* namespaceUri, const char* wildcard,
                           const char* targetNamespace) const;
-    void TestNamespace(const char* namespaceUri, const char* specification, const char* targetNamespace) const;
+    void TestNamespace(const char* namespaceUri, const char* wildcard, const char* targetNamespace) const;
 
 protected:
     virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;
@@ -200,6 +196,11 @@ protected:
                                     const CXmlSerializationContext& context);
 
 private:
+    // The text, byte and file entries: after the version check, load fills a
+    // document of the entry's own and the object is read from its root.
+    template <class Load>
+    void FromLoadedDocument(const CXmlSerializationContext& context, Load load);
+
     std::string m_elementName;
     std::atomic<long long> m_refCount;
 };

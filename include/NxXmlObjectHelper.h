@@ -29,17 +29,17 @@ public:
     static bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
                                      const std::string& name, const std::string& elementNamespace);
 
-    // Whether namespaceUri is allowed by a wildcard specification: "##any",
+    // Whether namespaceUri is allowed by a wildcard: "##any",
     // "##other", "##local", "##targetNamespace", a URI, or a list of these
     // separated by blanks. Only the first token of a list is weighed on its
     // own; beyond it a list admits the empty namespace and the namespace
     // that equals the whole list text, and nothing else.
-    static bool IsNamespaceValid(const std::string& namespaceUri, const std::string& specification,
+    static bool IsNamespaceValid(const std::string& namespaceUri, const std::string& wildcard,
                                  const std::string& targetNamespace);
 
     // IsNamespaceValid that throws CNxInvalidNamespaceException naming the
     // three texts when the namespace is not allowed.
-    static void TestNamespace(const std::string& namespaceUri, const std::string& specification,
+    static void TestNamespace(const std::string& namespaceUri, const std::string& wildcard,
                               const std::string& targetNamespace);
 
     // ---- Facet checks ----------------------------------------------------

@@ -6,15 +6,10 @@
 #include <string>
 
 #include "NxFoundation.h"
+#include "NxOutputOptions.h"
 #include "NxTextStream.h"
 
 namespace NxXmlLib9 {
-
-// Line ends of the text writer.
-enum EOLType : int {
-    EOLTypeCRLF = 0,
-    EOLTypeLF = 1
-};
 
 // The output a write walk talks to; it does not know which form comes out.
 // The writer keeps one scope per open element. Namespace prefixes live in

@@ -3,17 +3,11 @@
 #pragma once
 
 #include "NxFoundation.h"
+#include "NxOutputOptions.h"
 
 namespace NxXmlLib9 {
 
 class CBinaryData;
-
-enum CompressionType : int {
-    CompressionTypeNone = 0,
-    CompressionTypeGZip = 1,
-    // Only for the in-memory stream entries; file output refuses it.
-    CompressionTypeZLib = 2
-};
 
 // Buffers handed to these operations are allocated with new[] and pass with
 // ownership: on success the old buffer is deleted and the pointer replaced.

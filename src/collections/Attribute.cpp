@@ -1,5 +1,6 @@
 // One untyped attribute.
 #include "NxUntyped.h"
+#include "NxXmlWriter.h"
 
 #include "foundation/TextArgument.h"
 
@@ -7,9 +8,9 @@ namespace NxXmlLib9 {
 
 CAttribute::CAttribute(const char* name, const char* value, const char* namespaceUri)
     : CInstanceMonitor("CAttribute"),
-      m_name(TextArgument(name)),
-      m_value(TextArgument(value)),
-      m_namespace(TextArgument(namespaceUri))
+      m_name(OrEmpty(name)),
+      m_value(OrEmpty(value)),
+      m_namespace(OrEmpty(namespaceUri))
 {
 }
 
@@ -29,15 +30,15 @@ CSmartPtr<CAttribute> CAttribute::Clone() const
 void CAttribute::SetName(const char* name)
 {
     FireOnChangeName(name);
-    m_name = TextArgument(name);
+    m_name = OrEmpty(name);
 }
 
-void CAttribute::SetValue(const char* value) { m_value = TextArgument(value); }
+void CAttribute::SetValue(const char* value) { m_value = OrEmpty(value); }
 
 void CAttribute::SetNamespace(const char* namespaceUri)
 {
     FireOnChangeNamespace(namespaceUri);
-    m_namespace = TextArgument(namespaceUri);
+    m_namespace = OrEmpty(namespaceUri);
 }
 
 void CAttribute::FireOnChangeName(const char*) {}

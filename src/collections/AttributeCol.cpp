@@ -3,6 +3,7 @@
 
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
+#include "collections/CloneItems.h"
 #include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
@@ -13,9 +14,9 @@ namespace {
 // namespace when none is given; a keyword lends nothing.
 std::string DefaultAttributeNamespace(const char* namespaceUri, const char* restriction)
 {
-    std::string result = TextArgument(namespaceUri);
+    std::string result = OrEmpty(namespaceUri);
     if (result.empty()) {
-        const std::string text = TextArgument(restriction);
+        const std::string text = OrEmpty(restriction);
         const std::string token = text.substr(0, text.find(' '));
         if (token.size() > 1 && token[0] != '#' && token[1] != '#')
             result = token;
@@ -28,8 +29,8 @@ std::string DefaultAttributeNamespace(const char* namespaceUri, const char* rest
 CAttributeCol::CAttributeCol(const char* namespaceUri, const char* restriction, const char* targetNamespace)
     : CXmlCollection("", DefaultAttributeNamespace(namespaceUri, restriction).c_str(), 0, -1),
       CInstanceMonitor("CAttributeCol"),
-      m_restriction(TextArgument(restriction)),
-      m_targetNamespace(TextArgument(targetNamespace))
+      m_restriction(OrEmpty(restriction)),
+      m_targetNamespace(OrEmpty(targetNamespace))
 {
 }
 
@@ -48,7 +49,7 @@ CSmartPtr<CAttribute> CAttributeCol::Add(const char* name, const char* value)
 
 CSmartPtr<CAttribute> CAttributeCol::Add(const char* name, const char* value, const char* namespaceUri)
 {
-    CXmlObjectHelper::TestNamespace(TextArgument(namespaceUri), m_restriction, m_targetNamespace);
+    CXmlObjectHelper::TestNamespace(OrEmpty(namespaceUri), m_restriction, m_targetNamespace);
     CSmartPtr<CAttribute> attribute(new CAttribute(name, value, namespaceUri));
     AppendItem(attribute);
     return attribute;
@@ -71,22 +72,14 @@ CSmartPtr<CAttributeCol> CAttributeCol::Clone() const
 {
     CSmartPtr<CAttributeCol> clone(
         new CAttributeCol(GetNamespace().c_str(), m_restriction.c_str(), m_targetNamespace.c_str()));
-    for (CNode* node = begin(); node != end(); node = node->next) {
-        CAttribute* attribute = dynamic_cast<CAttribute*>(static_cast<CXmlObjectBase*>(node->item));
-        if (attribute)
-            clone->Add(attribute->Clone());
-        else
-            clone->AppendItem(node->item);
-    }
+    CloneItems<CAttribute>(*this, *clone);
     return clone;
 }
 
 void CAttributeCol::ToXml_Int(CXmlWriter* writer, bool, const char* elementNamespace,
                               const CXmlSerializationContext& context, bool) const
 {
-    for (CNode* node = begin(); node != end(); node = node->next)
-        if (node->item)
-            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
+    ItemsToXml_Int(writer, elementNamespace, context);
 }
 
 CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* cursor, const CXmlSerializationContext&,

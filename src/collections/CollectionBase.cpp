@@ -1,4 +1,5 @@
 #include "NxCollectionBase.h"
+#include "foundation/TextArgument.h"
 
 #include <algorithm>
 
@@ -8,7 +9,7 @@ CXmlCollectionBase::CXmlCollectionBase() : m_minOccurs(0), m_maxOccurs(-1) {}
 
 CXmlCollectionBase::CXmlCollectionBase(const char* elementName, const char* namespaceUri, int minOccurs,
                                        int maxOccurs)
-    : m_namespace(namespaceUri ? namespaceUri : ""), m_minOccurs(minOccurs), m_maxOccurs(maxOccurs)
+    : m_namespace(OrEmpty(namespaceUri)), m_minOccurs(minOccurs), m_maxOccurs(maxOccurs)
 {
     SetElementName(elementName);
 }

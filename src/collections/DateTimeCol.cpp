@@ -86,16 +86,10 @@ std::string CDateLikeCol<Kind>::ItemToString(const CDateTime& value) const
     return Kind::ToString(value, GetFormat());
 }
 
-template class CDateLikeCol<CdatetimeKind>;
-template class CDateLikeCol<CdateKind>;
-template class CDateLikeCol<CyearMonthKind>;
-template class CDateLikeCol<CtimeKind>;
-template class CDateLikeCol<CmonthDayKind>;
-
-CdatetimeCol::~CdatetimeCol() = default;
-CdateCol::~CdateCol() = default;
-CyearMonthCol::~CyearMonthCol() = default;
-CtimeCol::~CtimeCol() = default;
-CmonthDayCol::~CmonthDayCol() = default;
+#define NXXML_DEFINE_DATE_LIKE_COL(name, ...)   \
+    template class CDateLikeCol<C##name##Kind>; \
+    C##name##Col::~C##name##Col() = default;
+NXXML_DATE_LIKE_COLLECTION_KINDS(NXXML_DEFINE_DATE_LIKE_COL)
+#undef NXXML_DEFINE_DATE_LIKE_COL
 
 } // namespace NxXmlLib9

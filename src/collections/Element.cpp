@@ -59,7 +59,7 @@ void CElement::Init(const char* name, const char* namespaceUri, const char* rest
         throw CNxInvalidNamespaceException("Namespace Restriction must have a value");
     if (!targetNamespace)
         throw CNxInvalidNamespaceException("Target Namespace must have a value");
-    const std::string namespaceText = TextArgument(namespaceUri);
+    const std::string namespaceText = OrEmpty(namespaceUri);
     CXmlObjectHelper::TestNamespace(namespaceText, restriction, targetNamespace);
 
     // The collections are made before anything is stored, so a failure
@@ -86,8 +86,8 @@ CSmartPtr<CElement> CElement::Clone() const
 
 void CElement::SetNamespaceRestrictions(const char* restriction, const char* targetNamespace)
 {
-    const std::string restrictionText = TextArgument(restriction);
-    const std::string targetText = TextArgument(targetNamespace);
+    const std::string restrictionText = OrEmpty(restriction);
+    const std::string targetText = OrEmpty(targetNamespace);
     try {
         CXmlObjectHelper::TestNamespace(m_namespace, restrictionText, targetText);
     } catch (const CNxException& e) {
@@ -108,22 +108,22 @@ void CElement::SetNamespaceRestrictions(const char* restriction, const char* tar
 void CElement::SetName(const char* name)
 {
     FireOnChangeName(name);
-    m_name = TextArgument(name);
+    m_name = OrEmpty(name);
 }
 
 void CElement::SetText(const char* text)
 {
     FireOnChangeText(text);
-    m_text = TextArgument(text);
+    m_text = OrEmpty(text);
 }
 
 void CElement::SetNamespace(const char* namespaceUri)
 {
     FireOnChangeNamespace(namespaceUri);
-    m_namespace = TextArgument(namespaceUri);
+    m_namespace = OrEmpty(namespaceUri);
 }
 
-void CElement::SetDefaultNamespace(const char* namespaceUri) { m_defaultNamespace = TextArgument(namespaceUri); }
+void CElement::SetDefaultNamespace(const char* namespaceUri) { m_defaultNamespace = OrEmpty(namespaceUri); }
 
 CSmartPtr<CAttributeCol> CElement::GetAttributes() const { return m_attributes; }
 

@@ -3,6 +3,7 @@
 
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
+#include "collections/CloneItems.h"
 #include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
@@ -22,10 +23,10 @@ std::string DefaultElementNamespace(const std::string& namespaceUri, const std::
 
 CElementCol::CElementCol(const char* namespaceUri, const char* restriction, const char* targetNamespace,
                          int /*minOccurs*/, int /*maxOccurs*/)
-    : CInstanceMonitor("CElementCol"), m_restriction("##any"), m_targetNamespace(TextArgument(targetNamespace))
+    : CInstanceMonitor("CElementCol"), m_restriction("##any"), m_targetNamespace(OrEmpty(targetNamespace))
 {
-    const std::string namespaceText = TextArgument(namespaceUri);
-    const std::string restrictionText = TextArgument(restriction);
+    const std::string namespaceText = OrEmpty(namespaceUri);
+    const std::string restrictionText = OrEmpty(restriction);
     CXmlObjectHelper::TestNamespace(namespaceText, restrictionText, m_targetNamespace);
     m_defaultNamespace = DefaultElementNamespace(namespaceText, restrictionText);
 }
@@ -50,7 +51,7 @@ CSmartPtr<CElement> CElementCol::Add(const char* name)
 
 CSmartPtr<CElement> CElementCol::Add(const char* name, const char* namespaceUri)
 {
-    CXmlObjectHelper::TestNamespace(TextArgument(namespaceUri), m_restriction, m_targetNamespace);
+    CXmlObjectHelper::TestNamespace(OrEmpty(namespaceUri), m_restriction, m_targetNamespace);
     CSmartPtr<CElement> element(
         new CElement(name, namespaceUri, m_restriction.c_str(), m_targetNamespace.c_str()));
     AppendItem(element);
@@ -79,13 +80,7 @@ CSmartPtr<CElementCol> CElementCol::Clone() const
     CSmartPtr<CElementCol> clone(new CElementCol(m_defaultNamespace.c_str(), m_restriction.c_str(),
                                                  m_targetNamespace.c_str(), GetMinOccurs(), GetMaxOccurs()));
     clone->m_defaultNamespace = m_defaultNamespace;
-    for (CNode* node = begin(); node != end(); node = node->next) {
-        CElement* element = dynamic_cast<CElement*>(static_cast<CXmlObjectBase*>(node->item));
-        if (element)
-            clone->Add(element->Clone());
-        else
-            clone->AppendItem(node->item);
-    }
+    CloneItems<CElement>(*this, *clone);
     return clone;
 }
 
@@ -93,9 +88,7 @@ void CElementCol::ToXml_Int(CXmlWriter* writer, bool, const char* elementNamespa
                             const CXmlSerializationContext& context, bool) const
 {
     ValidateCount(context);
-    for (CNode* node = begin(); node != end(); node = node->next)
-        if (node->item)
-            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
+    ItemsToXml_Int(writer, elementNamespace, context);
 }
 
 // Reads siblings from cursor on into new elements while accept admits them

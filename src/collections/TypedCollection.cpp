@@ -79,47 +79,10 @@ void CPrimitiveCol<Kind>::ToXml_Int(CXmlWriter* writer, bool /*isRoot*/, const c
                                 [format](const Stored& value) { return Kind::ToString(value, format); });
 }
 
-template class CPrimitiveCol<ChexBinaryKind>;
-template class CPrimitiveCol<Cbase64BinaryKind>;
-template class CPrimitiveCol<Ci1Kind>;
-template class CPrimitiveCol<Ci2Kind>;
-template class CPrimitiveCol<Ci4Kind>;
-template class CPrimitiveCol<Ci8Kind>;
-template class CPrimitiveCol<Cui1Kind>;
-template class CPrimitiveCol<Cui2Kind>;
-template class CPrimitiveCol<Cui4Kind>;
-template class CPrimitiveCol<Cui8Kind>;
-template class CPrimitiveCol<Cr4Kind>;
-template class CPrimitiveCol<Cr8Kind>;
-template class CPrimitiveCol<CdurationKind>;
-template class CPrimitiveCol<CyearKind>;
-template class CPrimitiveCol<CmonthKind>;
-template class CPrimitiveCol<CdayKind>;
-template class CPrimitiveCol<CstringKind>;
-template class CPrimitiveCol<CdecimalKind>;
-template class CPrimitiveCol<CintegerKind>;
-template class CPrimitiveCol<CbooleanKind>;
-
-// The destructors anchor each class's virtual table in the library.
-ChexBinaryCol::~ChexBinaryCol() = default;
-Cbase64BinaryCol::~Cbase64BinaryCol() = default;
-Ci1Col::~Ci1Col() = default;
-Ci2Col::~Ci2Col() = default;
-Ci4Col::~Ci4Col() = default;
-Ci8Col::~Ci8Col() = default;
-Cui1Col::~Cui1Col() = default;
-Cui2Col::~Cui2Col() = default;
-Cui4Col::~Cui4Col() = default;
-Cui8Col::~Cui8Col() = default;
-Cr4Col::~Cr4Col() = default;
-Cr8Col::~Cr8Col() = default;
-CdurationCol::~CdurationCol() = default;
-CyearCol::~CyearCol() = default;
-CmonthCol::~CmonthCol() = default;
-CdayCol::~CdayCol() = default;
-CstringCol::~CstringCol() = default;
-CbooleanCol::~CbooleanCol() = default;
-CdecimalCol::~CdecimalCol() = default;
-CintegerCol::~CintegerCol() = default;
+#define NXXML_DEFINE_PRIMITIVE_COL(name, ...)   \
+    template class CPrimitiveCol<C##name##Kind>; \
+    C##name##Col::~C##name##Col() = default;
+NXXML_PRIMITIVE_COLLECTION_KINDS(NXXML_DEFINE_PRIMITIVE_COL)
+#undef NXXML_DEFINE_PRIMITIVE_COL
 
 } // namespace NxXmlLib9

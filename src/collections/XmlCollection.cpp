@@ -152,4 +152,12 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializa
             CXmlObjectBase::AttributesToXml_Int(node->item->GetBase(), writer, context);
 }
 
+void CXmlCollection::ItemsToXml_Int(CXmlWriter* writer, const char* elementNamespace,
+                                    const CXmlSerializationContext& context) const
+{
+    for (CNode* node = m_head; node; node = node->next)
+        if (node->item)
+            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
+}
+
 } // namespace NxXmlLib9

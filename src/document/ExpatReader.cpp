@@ -4,6 +4,7 @@
 #include "NxEncoder.h"
 #include "NxException.h"
 #include "NxXmlDocument.h"
+#include "foundation/TextArgument.h"
 
 #include <expat.h>
 
@@ -75,8 +76,10 @@ void CExpatReader::CreateParser()
     // guard against entity expansion bombs stays at its defaults.
     XML_SetParamEntityParsing(m_parser, XML_PARAM_ENTITY_PARSING_NEVER);
     XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
-    // Without namespace processing the parser never calls these.
-    XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);
+    // Without namespace processing the parser never calls this. Declarations
+    // are not scoped, so nothing is undone at their end and no end handler
+    // is set.
+    XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, nullptr);
     XML_SetCharacterDataHandler(m_parser, FnText);
     // Otherwise the content of a CDATA section arrives as plain text.
     if (!m_document.GetContext().GetStripCDATA())
@@ -114,7 +117,7 @@ void CExpatReader::Parse(bool isFinal)
     }
     const XML_Size line = XML_GetCurrentLineNumber(m_parser);
     const XML_LChar* error = XML_ErrorString(XML_GetErrorCode(m_parser));
-    std::string message = FormatString("%s at line %d", error ? error : "", static_cast<int>(line));
+    std::string message = FormatString("%s at line %d", OrEmpty(error), static_cast<int>(line));
     Cleanup();
     FreeParser();
     throw CNxException(std::move(message));
@@ -217,13 +220,6 @@ void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const ch
         std::string namespaceUri = uri ? reader.ToLocal(uri, static_cast<int>(std::strlen(uri))) : std::string();
         reader.m_document.m_prefixMap[std::move(alias)] = std::move(namespaceUri);
     });
-}
-
-void CExpatReader::FnEndNamespace(void* userData, const char* prefix)
-{
-    // Declarations are not scoped: nothing is undone at the end.
-    (void)userData;
-    (void)prefix;
 }
 
 void CExpatReader::FnText(void* userData, const char* text, int length)

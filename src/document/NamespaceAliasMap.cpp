@@ -17,7 +17,7 @@ using AliasMap = std::map<std::string, std::string>;
 // First entry, in URI order, whose alias is the given one.
 AliasMap::const_iterator FindAlias(const AliasMap& aliases, const char* alias)
 {
-    const std::string wanted = TextArgument(alias);
+    const std::string wanted = OrEmpty(alias);
     return std::find_if(aliases.begin(), aliases.end(),
                         [&wanted](const AliasMap::value_type& entry) { return entry.second == wanted; });
 }
@@ -28,12 +28,12 @@ CNamespaceAliasMap::~CNamespaceAliasMap() = default;
 
 void CNamespaceAliasMap::Add(const char* alias, const char* namespaceUri)
 {
-    m_aliases[TextArgument(namespaceUri)] = TextArgument(alias);
+    m_aliases[OrEmpty(namespaceUri)] = OrEmpty(alias);
 }
 
 void CNamespaceAliasMap::RemoveNamespace(const char* namespaceUri)
 {
-    m_aliases.erase(TextArgument(namespaceUri));
+    m_aliases.erase(OrEmpty(namespaceUri));
 }
 
 int CNamespaceAliasMap::GetNamespaceCount() const
@@ -56,20 +56,20 @@ bool CNamespaceAliasMap::DoesAliasExist(const char* alias) const
 
 bool CNamespaceAliasMap::DoesNamespaceExist(const char* namespaceUri) const
 {
-    return m_aliases.find(TextArgument(namespaceUri)) != m_aliases.end();
+    return m_aliases.find(OrEmpty(namespaceUri)) != m_aliases.end();
 }
 
 std::string CNamespaceAliasMap::GetNamespaceFromAlias(const char* alias) const
 {
     auto found = FindAlias(m_aliases, alias);
     if (found == m_aliases.end())
-        throw CNxException(FormatString("Namespace alias [%s] not found", alias ? alias : ""));
+        throw CNxException(FormatString("Namespace alias [%s] not found", OrEmpty(alias)));
     return found->first;
 }
 
 std::string CNamespaceAliasMap::GetAliasFromNamespace(const char* namespaceUri) const
 {
-    return m_aliases[TextArgument(namespaceUri)];
+    return m_aliases[OrEmpty(namespaceUri)];
 }
 
 } // namespace NxXmlLib9

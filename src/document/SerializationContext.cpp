@@ -134,12 +134,12 @@ CSmartPtr<CAttributeCol> CXmlSerializationContext::GetAdditionalRootAttributes()
 
 void CXmlSerializationContext::SetDefaultNamespaceURI(const char* uri)
 {
-    m_defaultNamespaceURI = TextArgument(uri);
+    m_defaultNamespaceURI = OrEmpty(uri);
 }
 
 void CXmlSerializationContext::SetInLineSchema(const char* schema)
 {
-    m_inLineSchema = TextArgument(schema);
+    m_inLineSchema = OrEmpty(schema);
 }
 
 } // namespace NxXmlLib9

@@ -3,6 +3,7 @@
 #include "NxXmlDocument.h"
 
 #include "NxException.h"
+#include "foundation/TextArgument.h"
 
 #include <algorithm>
 #include <climits>
@@ -111,18 +112,18 @@ void CXmlDocument::AdoptInput(unsigned char* buffer, unsigned long size)
 
 std::string CXmlDocument::LookupNamespaceFromAlias(const char* alias) const
 {
-    const auto found = m_prefixMap.find(alias ? alias : "");
+    const auto found = m_prefixMap.find(OrEmpty(alias));
     return found == m_prefixMap.end() ? std::string() : found->second;
 }
 
 CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* localName)
 {
-    return AddInternedDocElement(Intern(namespaceUri ? namespaceUri : ""), Intern(localName ? localName : ""));
+    return AddInternedDocElement(Intern(OrEmpty(namespaceUri)), Intern(OrEmpty(localName)));
 }
 
 CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName)
 {
-    return AddInternedChildElement(Intern(namespaceUri ? namespaceUri : ""), Intern(localName ? localName : ""));
+    return AddInternedChildElement(Intern(OrEmpty(namespaceUri)), Intern(OrEmpty(localName)));
 }
 
 CXmlElement* CXmlDocument::AddInternedDocElement(const std::string& namespaceUri, const std::string& localName)

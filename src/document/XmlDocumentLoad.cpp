@@ -5,6 +5,7 @@
 #include "NxExpatReader.h"
 #include "NxFastInfosetReader.h"
 #include "NxZip.h"
+#include "foundation/TextArgument.h"
 
 #include <cerrno>
 #include <climits>
@@ -40,7 +41,7 @@ void AsyncFromXmlFile(bool asyncFromXmlFile)
 void CXmlDocument::Load(const char* path)
 {
     Cleanup();
-    const char* shownPath = path ? path : "";
+    const char* shownPath = OrEmpty(path);
     FILE* file = path ? std::fopen(path, "rt") : nullptr;
     if (!file)
         throw CNxException(FormatString("Failed to open the file [%s]", shownPath));

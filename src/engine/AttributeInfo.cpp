@@ -5,6 +5,7 @@
 #include "NxGeneratedClass.h"
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9Data {
 
@@ -12,11 +13,11 @@ using namespace NxXmlLib9;
 
 CAttributeInfo::CAttributeInfo(const char* name, const char* attributeNamespace, int propertyIndex, bool optional,
                                const char* defaultValue)
-    : m_name(name ? name : ""),
-      m_namespace(attributeNamespace ? attributeNamespace : ""),
+    : m_name(OrEmpty(name)),
+      m_namespace(OrEmpty(attributeNamespace)),
       m_propertyIndex(propertyIndex),
       m_optional(optional),
-      m_defaultValue(defaultValue ? defaultValue : "")
+      m_defaultValue(OrEmpty(defaultValue))
 {
 }
 
@@ -44,10 +45,10 @@ std::string CAttributeInfo::GetTargetNamespace(const CXmlObjectBase* object) con
     return object->GetTargetNamespace();
 }
 
-void CAttributeInfo::TestNamespace(const std::string& namespaceUri, const std::string& specification,
+void CAttributeInfo::TestNamespace(const std::string& namespaceUri, const std::string& wildcard,
                                    const std::string& targetNamespace) const
 {
-    CXmlObjectHelper::TestNamespace(namespaceUri, specification, targetNamespace);
+    CXmlObjectHelper::TestNamespace(namespaceUri, wildcard, targetNamespace);
 }
 
 void CAttributeInfo::ToXml_Int(const CXmlObjectBase* target, CXmlWriter* writer, bool isRoot,

@@ -5,18 +5,16 @@
 #include "NxGeneratedClass.h"
 #include "NxUntyped.h"
 #include "NxXmlDocument.h"
-#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9Data {
 
 using namespace NxXmlLib9;
 
 CAttributeInfoAny::CAttributeInfoAny(const char* name, const char* attributeNamespace, int propertyIndex,
-                                     bool optional, const char* namespaceSpecification,
+                                     bool optional, const char* namespaceWildcard,
                                      const char* targetNamespace, const char* defaultValue)
     : CAttributeInfo(name, attributeNamespace, propertyIndex, optional, defaultValue),
-      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
-      m_targetNamespace(OrEmpty(targetNamespace))
+      m_wildcard(namespaceWildcard, targetNamespace)
 {
 }
 
@@ -41,7 +39,7 @@ bool CAttributeInfoAny::AttributeFromXml(const CXmlSerializationContext&, CXmlGe
         return false;
     // No quiet refusal: an attribute that reaches the wildcard from a
     // namespace it does not admit fails the read.
-    TestNamespace(attribute->GetNamespaceURI(), m_namespaceSpecification, m_targetNamespace);
+    TestNamespace(attribute->GetNamespaceURI(), m_wildcard.GetWildcard(), m_wildcard.GetTargetNamespace());
     NxVariant value;
     ReadProperty(object, value);
     const CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();

@@ -5,6 +5,7 @@
 
 #include "NxCollectionBase.h"
 #include "NxException.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 
@@ -27,7 +28,7 @@ void CXmlObjectBase::Choice_SetElementValid(bool valid, const char* name, std::s
     }
     // Unlike its siblings this one does not take an empty selection as free,
     // and its text has no brackets.
-    if (selected != (name ? name : ""))
+    if (selected != OrEmpty(name))
         throw CNxInvalidStateException(FormatString(
             "The Property %s is already set. Only one element within this class bay be set at a time",
             selected.c_str()));
@@ -35,7 +36,7 @@ void CXmlObjectBase::Choice_SetElementValid(bool valid, const char* name, std::s
 
 void CXmlObjectBase::Choice_SelectElement(const char* name, CXmlObjectBase* value, std::string& selected)
 {
-    const char* member = name ? name : "";
+    const char* member = OrEmpty(name);
     if (selected == member) {
         if (!value)
             selected.clear();
@@ -48,7 +49,7 @@ void CXmlObjectBase::Choice_SelectElement(const char* name, CXmlObjectBase* valu
 
 void CXmlObjectBase::Choice_CollectionChanged(const char* name, long count, std::string& selected)
 {
-    const char* member = name ? name : "";
+    const char* member = OrEmpty(name);
     if (selected == member) {
         if (count == 0)
             selected.clear();

@@ -53,23 +53,23 @@ bool CElementInfo::IsThisElement(const CXmlSerializationContext& context, const 
     return context.GetIgnoreNamespaces() || element->GetNamespaceURI() == m_namespace;
 }
 
-std::string CElementInfo::GetAnyDefaultNamespace(const char* specification, const char* classNamespace,
+std::string CElementInfo::GetAnyDefaultNamespace(const char* wildcard, const char* classNamespace,
                                                  const char* targetNamespace)
 {
-    const std::string spec = OrEmpty(specification);
-    if (spec == "##any")
+    const std::string text = OrEmpty(wildcard);
+    if (text == "##any")
         return OrEmpty(classNamespace);
-    if (spec == "##other")
+    if (text == "##other")
         return *OrEmpty(classNamespace) == '\0' ? "DefaultNamespace" : "";
-    if (spec == "##local")
+    if (text == "##local")
         return "";
-    if (spec == "##targetNamespace")
+    if (text == "##targetNamespace")
         return OrEmpty(targetNamespace);
     // A list that opens with a token decides by its first token; a list
     // that opens with a URI, like a single URI, gives no default.
-    const std::string::size_type blank = spec.find(' ');
-    if (blank != std::string::npos && spec.size() >= 3 && spec.compare(0, 2, "##") == 0)
-        return GetAnyDefaultNamespace(spec.substr(0, blank).c_str(), classNamespace, targetNamespace);
+    const std::string::size_type blank = text.find(' ');
+    if (blank != std::string::npos && text.size() >= 3 && text.compare(0, 2, "##") == 0)
+        return GetAnyDefaultNamespace(text.substr(0, blank).c_str(), classNamespace, targetNamespace);
     return "";
 }
 

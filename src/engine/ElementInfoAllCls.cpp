@@ -98,23 +98,7 @@ bool CElementInfoAllClsOpt::ElementToXml(const CXmlSerializationContext& context
 bool CElementInfoAllClsOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
                                            CXmlElement* parent, CXmlElement** cursor, const char*, XmlElementType)
 {
-    if (m_xmlElementType == XmlElementType_Element) {
-        if (!IsThisElement(context, *cursor))
-            return false;
-        const CSmartPtr<CXmlObjectBase> child = CreateByClassNumber(*this, m_factory, m_classNumber);
-        ReadOwnElement(*this, child, context, cursor, false);
-        StoreObject(*this, object, child);
-        return true;
-    }
-    if (!*cursor)
-        return false;
-    const CSmartPtr<CXmlObjectBase> child = CreateByClassNumber(*this, m_factory, m_classNumber);
-    CXmlElement* const next = ReadFromParent(*this, child, parent, *cursor, context);
-    const bool moved = next != *cursor;
-    if (moved)
-        StoreObject(*this, object, child);
-    *cursor = next;
-    return moved;
+    return ReadOptionalChild(*this, m_xmlElementType, m_factory, m_classNumber, context, object, parent, cursor);
 }
 
 bool CElementInfoAllClsOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const

@@ -13,10 +13,9 @@ using namespace ElementInfoShared;
 // ---- CElementInfoAllUntpdMnd ------------------------------------------------
 
 CElementInfoAllUntpdMnd::CElementInfoAllUntpdMnd(const char* name, const char* elementNamespace, int propertyIndex,
-                                                 const char* namespaceSpecification, const char* targetNamespace)
+                                                 const char* namespaceWildcard, const char* targetNamespace)
     : CElementInfoAll(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
-      m_targetNamespace(OrEmpty(targetNamespace))
+      m_wildcard(namespaceWildcard, targetNamespace)
 {
 }
 
@@ -46,10 +45,9 @@ bool CElementInfoAllUntpdMnd::Validate(const CXmlSerializationContext&, const CX
 // ---- CElementInfoAllUntpdOpt ------------------------------------------------
 
 CElementInfoAllUntpdOpt::CElementInfoAllUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
-                                                 const char* namespaceSpecification, const char* targetNamespace)
+                                                 const char* namespaceWildcard, const char* targetNamespace)
     : CElementInfoAll(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
-      m_targetNamespace(OrEmpty(targetNamespace))
+      m_wildcard(namespaceWildcard, targetNamespace)
 {
 }
 
@@ -63,16 +61,7 @@ bool CElementInfoAllUntpdOpt::ElementFromXml(const CXmlSerializationContext& con
                                              CXmlElement* parent, CXmlElement** cursor, const char* classNamespace,
                                              XmlElementType)
 {
-    if (!*cursor)
-        return false;
-    const CSmartPtr<CElement> element
-        = CreateWildcardElement(*this, m_namespaceSpecification, classNamespace, m_targetNamespace);
-    CXmlElement* const next = ReadUntyped(*this, element, parent, *cursor, context);
-    if (next == *cursor)
-        return false;
-    StoreObject(*this, object, element);
-    *cursor = next;
-    return true;
+    return ReadOptionalWildcard(*this, m_wildcard, object, parent, cursor, classNamespace, context);
 }
 
 bool CElementInfoAllUntpdOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const

@@ -139,11 +139,10 @@ bool CElementInfoChoiceEnumOpt::ElementFromXml(const CXmlSerializationContext& c
 // ---- CElementInfoChoiceUntpdOpt ---------------------------------------------
 
 CElementInfoChoiceUntpdOpt::CElementInfoChoiceUntpdOpt(const char* name, const char* elementNamespace,
-                                                       int propertyIndex, const char* namespaceSpecification,
+                                                       int propertyIndex, const char* namespaceWildcard,
                                                        const char* targetNamespace)
     : CElementInfoChoice(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
-      m_targetNamespace(OrEmpty(targetNamespace))
+      m_wildcard(namespaceWildcard, targetNamespace)
 {
 }
 
@@ -160,16 +159,10 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(const CXmlSerializationContext& 
 {
     if (!*cursor)
         return false;
-    const CSmartPtr<CElement> element
-        = CreateWildcardElement(*this, m_namespaceSpecification, classNamespace, m_targetNamespace);
-    CXmlElement* const next = ReadUntyped(*this, element, parent, *cursor, context);
-    if (next == *cursor) {
-        StoreObject(*this, object, nullptr);
-        return false;
-    }
-    StoreObject(*this, object, element);
-    *cursor = next;
-    return true;
+    if (ReadOptionalWildcard(*this, m_wildcard, object, parent, cursor, classNamespace, context))
+        return true;
+    StoreObject(*this, object, nullptr);
+    return false;
 }
 
 } // namespace NxXmlLib9Data

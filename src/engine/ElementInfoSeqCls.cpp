@@ -34,15 +34,10 @@ bool CElementInfoSeqClsMnd::ElementFromXml(const CXmlSerializationContext& conte
                                            XmlElementType parentType)
 {
     const bool realLevel = parentType == XmlElementType_Element;
-    if (m_xmlElementType == XmlElementType_Element) {
-        switch (SeekRequiredElement(*this, context, cursor, parentType, PseudoLevelSeek::RefuseAtOnce)) {
-        case SeekResult::Satisfied: return true;
-        case SeekResult::Refused: return false;
-        case SeekResult::Found: break;
-        }
-        ReadOwnElement(*this, ReadExistingObject(*this, object), context, cursor, false);
-        return true;
-    }
+    if (m_xmlElementType == XmlElementType_Element)
+        return ReadRequiredElement(*this, context, cursor, parentType, PseudoLevelSeek::RefuseAtOnce, [&] {
+            ReadOwnElement(*this, ReadExistingObject(*this, object), context, cursor, false);
+        });
 
     // A pseudo child: the nested group reads from this level's cursor.
     if (m_contentRequired && !*cursor) {
@@ -95,21 +90,7 @@ bool CElementInfoSeqClsOpt::ElementToXml(const CXmlSerializationContext& context
 bool CElementInfoSeqClsOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
                                            CXmlElement* parent, CXmlElement** cursor, const char*, XmlElementType)
 {
-    if (m_xmlElementType == XmlElementType_Element) {
-        if (!IsThisElement(context, *cursor))
-            return true;
-        const CSmartPtr<CXmlObjectBase> child = CreateByClassNumber(*this, m_factory, m_classNumber);
-        ReadOwnElement(*this, child, context, cursor, false);
-        StoreObject(*this, object, child);
-        return true;
-    }
-    if (!*cursor)
-        return true;
-    const CSmartPtr<CXmlObjectBase> child = CreateByClassNumber(*this, m_factory, m_classNumber);
-    CXmlElement* const next = ReadFromParent(*this, child, parent, *cursor, context);
-    if (next != *cursor)
-        StoreObject(*this, object, child); // a pseudo child that read nothing is dropped
-    *cursor = next;
+    ReadOptionalChild(*this, m_xmlElementType, m_factory, m_classNumber, context, object, parent, cursor);
     return true;
 }
 

@@ -28,13 +28,8 @@ bool CElementInfoSeqPrimMnd::ElementToXml(const CXmlSerializationContext& contex
 bool CElementInfoSeqPrimMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
                                             CXmlElement*, CXmlElement** cursor, const char*, XmlElementType parentType)
 {
-    switch (SeekRequiredElement(*this, context, cursor, parentType, PseudoLevelSeek::SkipWhileUnknownAllowed)) {
-    case SeekResult::Satisfied: return true;
-    case SeekResult::Refused: return false;
-    case SeekResult::Found: break;
-    }
-    StorePrimitive(*this, m_itemType, m_whitespaceRule, object, cursor);
-    return true;
+    return ReadRequiredElement(*this, context, cursor, parentType, PseudoLevelSeek::SkipWhileUnknownAllowed,
+                               [&] { StorePrimitive(*this, m_itemType, m_whitespaceRule, object, cursor); });
 }
 
 // ---- CElementInfoSeqPrimOpt -------------------------------------------------
@@ -77,13 +72,8 @@ bool CElementInfoSeqEnumMnd::ElementToXml(const CXmlSerializationContext& contex
 bool CElementInfoSeqEnumMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
                                             CXmlElement*, CXmlElement** cursor, const char*, XmlElementType parentType)
 {
-    switch (SeekRequiredElement(*this, context, cursor, parentType, PseudoLevelSeek::RefuseAtOnce)) {
-    case SeekResult::Satisfied: return true;
-    case SeekResult::Refused: return false;
-    case SeekResult::Found: break;
-    }
-    StoreEnum(*this, m_fromText, object, cursor);
-    return true;
+    return ReadRequiredElement(*this, context, cursor, parentType, PseudoLevelSeek::RefuseAtOnce,
+                               [&] { StoreEnum(*this, m_fromText, object, cursor); });
 }
 
 // ---- CElementInfoSeqEnumOpt -------------------------------------------------

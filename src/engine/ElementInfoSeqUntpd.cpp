@@ -13,10 +13,9 @@ using namespace ElementInfoShared;
 // ---- CElementInfoSeqUntpdMnd ------------------------------------------------
 
 CElementInfoSeqUntpdMnd::CElementInfoSeqUntpdMnd(const char* name, const char* elementNamespace, int propertyIndex,
-                                                 const char* namespaceSpecification, const char* targetNamespace)
+                                                 const char* namespaceWildcard, const char* targetNamespace)
     : CElementInfoSeq(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
-      m_targetNamespace(OrEmpty(targetNamespace))
+      m_wildcard(namespaceWildcard, targetNamespace)
 {
 }
 
@@ -48,10 +47,9 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(const CXmlSerializationContext& con
 // ---- CElementInfoSeqUntpdOpt ------------------------------------------------
 
 CElementInfoSeqUntpdOpt::CElementInfoSeqUntpdOpt(const char* name, const char* elementNamespace, int propertyIndex,
-                                                 const char* namespaceSpecification, const char* targetNamespace)
+                                                 const char* namespaceWildcard, const char* targetNamespace)
     : CElementInfoSeq(name, elementNamespace, propertyIndex),
-      m_namespaceSpecification(OrEmpty(namespaceSpecification)),
-      m_targetNamespace(OrEmpty(targetNamespace))
+      m_wildcard(namespaceWildcard, targetNamespace)
 {
 }
 
@@ -66,15 +64,7 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(const CXmlSerializationContext& con
                                              CXmlElement* parent, CXmlElement** cursor, const char* classNamespace,
                                              XmlElementType)
 {
-    if (!*cursor)
-        return true;
-    const CSmartPtr<CElement> element
-        = CreateWildcardElement(*this, m_namespaceSpecification, classNamespace, m_targetNamespace);
-    CXmlElement* const next = ReadUntyped(*this, element, parent, *cursor, context);
-    if (next != *cursor) {
-        StoreObject(*this, object, element);
-        *cursor = next;
-    }
+    ReadOptionalWildcard(*this, m_wildcard, object, parent, cursor, classNamespace, context);
     return true;
 }
 

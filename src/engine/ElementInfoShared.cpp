@@ -75,7 +75,7 @@ bool ElementToXmlEnum(const CElementInfo& entry, EnumToTextFunction toText, cons
         return false;
     const char* text = toText(static_cast<int>(value.GetI4()));
     writer->WriteStartElement(entry.GetName(), entry.GetNamespace());
-    writer->WriteString(text ? text : "", ItemTypeString);
+    writer->WriteString(OrEmpty(text), ItemTypeString);
     writer->WriteEndElement();
     return true;
 }
@@ -161,13 +161,15 @@ CSmartPtr<CXmlObjectBase> CreateByClassNumber(const CElementInfo& entry, ClassFa
     return child;
 }
 
-CSmartPtr<CElement> CreateWildcardElement(const CElementInfo& entry, const std::string& namespaceSpecification,
-                                          const char* classNamespace, const std::string& targetNamespace)
+CSmartPtr<CElement> CreateWildcardElement(const CElementInfo& entry, const CNamespaceWildcard& wildcard,
+                                          const char* classNamespace)
 {
+    const char* const wildcardText = wildcard.GetWildcard().c_str();
+    const char* const targetNamespace = wildcard.GetTargetNamespace().c_str();
     const std::string defaultNamespace
-        = CElementInfo::GetAnyDefaultNamespace(namespaceSpecification.c_str(), classNamespace, targetNamespace.c_str());
-    return CSmartPtr<CElement>(new CElement(entry.GetName().c_str(), defaultNamespace.c_str(),
-                                            namespaceSpecification.c_str(), targetNamespace.c_str()));
+        = CElementInfo::GetAnyDefaultNamespace(wildcardText, classNamespace, targetNamespace);
+    return CSmartPtr<CElement>(
+        new CElement(entry.GetName().c_str(), defaultNamespace.c_str(), wildcardText, targetNamespace));
 }
 
 // ---- Reading at the cursor --------------------------------------------------
@@ -227,6 +229,44 @@ CXmlElement* ReadUntyped(const CElementInfo& entry, CXmlObjectBase* content, CXm
     if (entry.GetName() != kAnyElement && cursor->GetLocalName() != entry.GetName())
         return cursor;
     return entry.FromXml_Int(content, parent, cursor, context, false);
+}
+
+bool ReadOptionalChild(const CElementInfo& entry, XmlElementType xmlElementType, ClassFactoryFunction factory,
+                       int classNumber, const CXmlSerializationContext& context, CXmlGeneratedClass* object,
+                       CXmlElement* parent, CXmlElement** cursor)
+{
+    if (xmlElementType == XmlElementType_Element) {
+        if (!entry.IsThisElement(context, *cursor))
+            return false;
+        const CSmartPtr<CXmlObjectBase> child = CreateByClassNumber(entry, factory, classNumber);
+        ReadOwnElement(entry, child, context, cursor, false);
+        StoreObject(entry, object, child);
+        return true;
+    }
+    if (!*cursor)
+        return false;
+    const CSmartPtr<CXmlObjectBase> child = CreateByClassNumber(entry, factory, classNumber);
+    CXmlElement* const next = ReadFromParent(entry, child, parent, *cursor, context);
+    const bool moved = next != *cursor;
+    if (moved)
+        StoreObject(entry, object, child);
+    *cursor = next;
+    return moved;
+}
+
+bool ReadOptionalWildcard(const CElementInfo& entry, const CNamespaceWildcard& wildcard, CXmlGeneratedClass* object,
+                          CXmlElement* parent, CXmlElement** cursor, const char* classNamespace,
+                          const CXmlSerializationContext& context)
+{
+    if (!*cursor)
+        return false;
+    const CSmartPtr<CElement> element = CreateWildcardElement(entry, wildcard, classNamespace);
+    CXmlElement* const next = ReadUntyped(entry, element, parent, *cursor, context);
+    if (next == *cursor)
+        return false;
+    StoreObject(entry, object, element);
+    *cursor = next;
+    return true;
 }
 
 CXmlElement* ReadUntypedRun(const CElementInfo& entry, CElementCol& collection, CXmlElement* parent,

@@ -12,6 +12,7 @@
 #include "NxElementInfoTypes.h"
 #include "NxGeneratedClass.h"
 #include "NxMetadata.h"
+#include "NxNamespaceWildcard.h"
 #include "NxUntyped.h"
 #include "NxXmlDocument.h"
 
@@ -94,9 +95,9 @@ void StoreObject(const CElementInfo& entry, CXmlGeneratedClass* object, CXmlObje
 // that gives none is a fault of the generated code and throws.
 CSmartPtr<CXmlObjectBase> CreateByClassNumber(const CElementInfo& entry, ClassFactoryFunction factory, int classNumber);
 // A new untyped element for a wildcard record, in the namespace the
-// specification gives by default.
-CSmartPtr<CElement> CreateWildcardElement(const CElementInfo& entry, const std::string& namespaceSpecification,
-                                          const char* classNamespace, const std::string& targetNamespace);
+// wildcard gives by default.
+CSmartPtr<CElement> CreateWildcardElement(const CElementInfo& entry, const CNamespaceWildcard& wildcard,
+                                          const char* classNamespace);
 
 // ---- Reading at the cursor --------------------------------------------------
 
@@ -132,6 +133,21 @@ CXmlElement* ReadFromParent(const CElementInfo& entry, CXmlObjectBase* child, CX
 // where it stopped, which is the cursor itself when it read nothing.
 CXmlElement* ReadUntyped(const CElementInfo& entry, CXmlObjectBase* content, CXmlElement* parent, CXmlElement* cursor,
                          const CXmlSerializationContext& context);
+// An optional child object: a new one from the factory reads the record's
+// element at the cursor whole, or, as a pseudo child, reads from the
+// parent's cursor; it is stored only once it has read something, and the
+// answer is whether it was. A pseudo child always leaves the cursor where it
+// stopped.
+bool ReadOptionalChild(const CElementInfo& entry, XmlElementType xmlElementType, ClassFactoryFunction factory,
+                       int classNumber, const CXmlSerializationContext& context, CXmlGeneratedClass* object,
+                       CXmlElement* parent, CXmlElement** cursor);
+// An optional wildcard record tries a new element at the cursor and keeps it
+// only when it read something: the property then holds it, the cursor moves
+// past what it read, and the answer is true. Otherwise (also at the end of
+// the siblings) property and cursor stay as they were.
+bool ReadOptionalWildcard(const CElementInfo& entry, const CNamespaceWildcard& wildcard, CXmlGeneratedClass* object,
+                          CXmlElement* parent, CXmlElement** cursor, const char* classNamespace,
+                          const CXmlSerializationContext& context);
 // A collection of untyped elements reads its run: any elements for a
 // wildcard record, else only those of the record's name and of the first
 // one's namespace.
@@ -157,6 +173,21 @@ enum class PseudoLevelSeek { RefuseAtOnce, SkipWhileUnknownAllowed };
 // fails when the element is not found. At a pseudo level: as the policy says.
 SeekResult SeekRequiredElement(const CElementInfo& entry, const CXmlSerializationContext& context, CXmlElement** cursor,
                                XmlElementType parentType, PseudoLevelSeek pseudoLevelSeek);
+// Seeks as above and, once the cursor is at the element, reads it with
+// read(). True when the record is satisfied, false when a pseudo level
+// refused it.
+template <class Read>
+bool ReadRequiredElement(const CElementInfo& entry, const CXmlSerializationContext& context, CXmlElement** cursor,
+                         XmlElementType parentType, PseudoLevelSeek pseudoLevelSeek, Read read)
+{
+    switch (SeekRequiredElement(entry, context, cursor, parentType, pseudoLevelSeek)) {
+    case SeekResult::Satisfied: return true;
+    case SeekResult::Refused: return false;
+    case SeekResult::Found: break;
+    }
+    read();
+    return true;
+}
 
 // ---- Failures ---------------------------------------------------------------
 

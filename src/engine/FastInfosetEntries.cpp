@@ -3,6 +3,7 @@
 #include "NxXmlObjectBase.h"
 
 #include "NxBinaryStream.h"
+#include "NxException.h"
 #include "NxFastInfosetWriter.h"
 #include "NxZip.h"
 #include "engine/VersionCheck.h"

@@ -25,41 +25,36 @@ CXmlElement* RootOf(const CXmlDocument& document)
 
 } // namespace
 
-void CXmlObjectBase::FromXmlFile(const char* fileName, const CXmlSerializationContext& context)
+template <class Load>
+void CXmlObjectBase::FromLoadedDocument(const CXmlSerializationContext& context, Load load)
 {
     CheckVersion();
     CXmlDocument document(context);
-    document.Load(fileName);
+    load(document);
     CXmlElement* root = RootOf(document);
     FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlFile(const char* fileName, const CXmlSerializationContext& context)
+{
+    FromLoadedDocument(context, [fileName](CXmlDocument& document) { document.Load(fileName); });
 }
 
 void CXmlObjectBase::FromXml(const char* xml, const CXmlSerializationContext& context)
 {
-    CheckVersion();
-    CXmlDocument document(context);
-    document.LoadXml(xml);
-    CXmlElement* root = RootOf(document);
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    FromLoadedDocument(context, [xml](CXmlDocument& document) { document.LoadXml(xml); });
 }
 
 void CXmlObjectBase::FromXml(const wchar_t* xml, const CXmlSerializationContext& context)
 {
-    CheckVersion();
-    CXmlDocument document(context);
-    document.LoadXml(xml);
-    CXmlElement* root = RootOf(document);
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    FromLoadedDocument(context, [xml](CXmlDocument& document) { document.LoadXml(xml); });
 }
 
 void CXmlObjectBase::FromXmlStream(unsigned char* data, unsigned long length,
                                    const CXmlSerializationContext& context)
 {
-    CheckVersion();
-    CXmlDocument document(context);
-    document.LoadXmlStream(data, length);
-    CXmlElement* root = RootOf(document);
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    FromLoadedDocument(context,
+                       [data, length](CXmlDocument& document) { document.LoadXmlStream(data, length); });
 }
 
 void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CXmlSerializationContext& context)

@@ -6,6 +6,7 @@
 #include "NxException.h"
 #include "NxUntyped.h"
 #include "NxXmlWriter.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 
@@ -40,7 +41,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char* 
         // parent's start tag, and its children stand among its parent's.
         const bool ownElement = info->GetElementType() == NxXmlLib9Data::XmlElementType_Element;
         if (ownElement) {
-            const std::string tagNamespace = elementNamespace ? elementNamespace : "";
+            const std::string tagNamespace = OrEmpty(elementNamespace);
             if (isRoot)
                 WriteRootPrologue(writer, context);
             writer->WriteStartElement(GetElementName(), tagNamespace);

@@ -5,16 +5,17 @@
 #include "NxSerializationContext.h"
 #include "NxXmlDocument.h"
 #include "NxXmlObjectBase.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 
 namespace {
 
-// The verdict of one token of a wildcard specification. A token that is not
+// The verdict of one token of a wildcard. A token that is not
 // a keyword (a URI, or the empty token between two blanks) is compared with
-// the whole specification rather than with itself, and always admits the
+// the whole wildcard rather than with itself, and always admits the
 // empty namespace.
-bool TokenAdmits(const std::string& token, const std::string& namespaceUri, const std::string& specification,
+bool TokenAdmits(const std::string& token, const std::string& namespaceUri, const std::string& wildcard,
                  const std::string& targetNamespace)
 {
     if (token == "##any")
@@ -25,10 +26,8 @@ bool TokenAdmits(const std::string& token, const std::string& namespaceUri, cons
         return namespaceUri.empty();
     if (token == "##targetNamespace")
         return namespaceUri == targetNamespace;
-    return namespaceUri == specification || namespaceUri.empty();
+    return namespaceUri == wildcard || namespaceUri.empty();
 }
-
-std::string Text(const char* text) { return text ? std::string(text) : std::string(); }
 
 } // namespace
 
@@ -42,46 +41,46 @@ bool CXmlObjectHelper::DoesElementNameMatch(const CXmlSerializationContext& cont
     return element->GetNamespaceURI() == elementNamespace;
 }
 
-bool CXmlObjectHelper::IsNamespaceValid(const std::string& namespaceUri, const std::string& specification,
+bool CXmlObjectHelper::IsNamespaceValid(const std::string& namespaceUri, const std::string& wildcard,
                                         const std::string& targetNamespace)
 {
-    const size_t blank = specification.find(' ');
+    const size_t blank = wildcard.find(' ');
     if (blank == std::string::npos)
-        return TokenAdmits(specification, namespaceUri, specification, targetNamespace);
-    if (TokenAdmits(specification.substr(0, blank), namespaceUri, specification, targetNamespace))
+        return TokenAdmits(wildcard, namespaceUri, wildcard, targetNamespace);
+    if (TokenAdmits(wildcard.substr(0, blank), namespaceUri, wildcard, targetNamespace))
         return true;
     // The token walk of a list keeps one blank as its remainder after the
     // first token, so every later pass sees the empty token and nothing
     // else. One look at the empty token therefore settles the list; where it
     // refuses, the walk would go round for ever, and the answer is false.
-    return TokenAdmits(std::string(), namespaceUri, specification, targetNamespace);
+    return TokenAdmits(std::string(), namespaceUri, wildcard, targetNamespace);
 }
 
-void CXmlObjectHelper::TestNamespace(const std::string& namespaceUri, const std::string& specification,
+void CXmlObjectHelper::TestNamespace(const std::string& namespaceUri, const std::string& wildcard,
                                      const std::string& targetNamespace)
 {
-    if (!IsNamespaceValid(namespaceUri, specification, targetNamespace))
+    if (!IsNamespaceValid(namespaceUri, wildcard, targetNamespace))
         throw CNxInvalidNamespaceException(FormatString(
             "Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s]",
-            namespaceUri.c_str(), specification.c_str(), targetNamespace.c_str()));
+            namespaceUri.c_str(), wildcard.c_str(), targetNamespace.c_str()));
 }
 
 bool CXmlObjectBase::DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
                                           const char* name, const char* elementNamespace) const
 {
-    return CXmlObjectHelper::DoesElementNameMatch(context, element, Text(name), Text(elementNamespace));
+    return CXmlObjectHelper::DoesElementNameMatch(context, element, OrEmpty(name), OrEmpty(elementNamespace));
 }
 
-bool CXmlObjectBase::IsNamespaceValid(const char* namespaceUri, const char* specification,
+bool CXmlObjectBase::IsNamespaceValid(const char* namespaceUri, const char* wildcard,
                                       const char* targetNamespace) const
 {
-    return CXmlObjectHelper::IsNamespaceValid(Text(namespaceUri), Text(specification), Text(targetNamespace));
+    return CXmlObjectHelper::IsNamespaceValid(OrEmpty(namespaceUri), OrEmpty(wildcard), OrEmpty(targetNamespace));
 }
 
-void CXmlObjectBase::TestNamespace(const char* namespaceUri, const char* specification,
+void CXmlObjectBase::TestNamespace(const char* namespaceUri, const char* wildcard,
                                    const char* targetNamespace) const
 {
-    CXmlObjectHelper::TestNamespace(Text(namespaceUri), Text(specification), Text(targetNamespace));
+    CXmlObjectHelper::TestNamespace(OrEmpty(namespaceUri), OrEmpty(wildcard), OrEmpty(targetNamespace));
 }
 
 } // namespace NxXmlLib9

@@ -1,5 +1,6 @@
 // The record that describes a generated class as a whole.
 #include "NxMetadata.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9Data {
 
@@ -8,8 +9,8 @@ CParentElementInfo::CParentElementInfo(XmlElementGroupType groupType, XmlElement
                                        bool rejectUnknownAttributes, bool mayWriteTypeAttribute)
     : m_groupType(groupType),
       m_elementType(elementType),
-      m_typeName(typeName ? typeName : ""),
-      m_typeNamespace(typeNamespace ? typeNamespace : ""),
+      m_typeName(NxXmlLib9::OrEmpty(typeName)),
+      m_typeNamespace(NxXmlLib9::OrEmpty(typeNamespace)),
       m_textPropertyIndex(textPropertyIndex),
       m_rejectUnknownAttributes(rejectUnknownAttributes),
       m_mayWriteTypeAttribute(mayWriteTypeAttribute)

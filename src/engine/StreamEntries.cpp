@@ -2,6 +2,7 @@
 #include "NxXmlObjectBase.h"
 
 #include "NxBinaryStream.h"
+#include "NxException.h"
 #include "NxTextStream.h"
 #include "NxXmlWriter.h"
 #include "NxZip.h"

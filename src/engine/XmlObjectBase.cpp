@@ -3,7 +3,9 @@
 #include <atomic>
 #include <cstring>
 
+#include "NxException.h"
 #include "engine/VersionCheck.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 
@@ -48,7 +50,7 @@ long long CXmlObjectBase::Release()
 
 std::string CXmlObjectBase::GetElementName() const { return m_elementName; }
 
-void CXmlObjectBase::SetElementName(const char* name) { m_elementName = name ? name : ""; }
+void CXmlObjectBase::SetElementName(const char* name) { m_elementName = OrEmpty(name); }
 
 CXmlObjectBase* CXmlObjectBase::GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
 

@@ -9,13 +9,13 @@ CPrimitiveRestrictions::CPrimitiveRestrictions() : MinLength(-1), MaxLength(-1),
 CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength,
                                                const char* minInclusive, const char* maxInclusive,
                                                const char* minExclusive, const char* maxExclusive, int length)
-    : Pattern(TextArgument(pattern)),
+    : Pattern(OrEmpty(pattern)),
       MinLength(minLength),
       MaxLength(maxLength),
-      MinInclusive(TextArgument(minInclusive)),
-      MaxInclusive(TextArgument(maxInclusive)),
-      MinExclusive(TextArgument(minExclusive)),
-      MaxExclusive(TextArgument(maxExclusive)),
+      MinInclusive(OrEmpty(minInclusive)),
+      MaxInclusive(OrEmpty(maxInclusive)),
+      MinExclusive(OrEmpty(minExclusive)),
+      MaxExclusive(OrEmpty(maxExclusive)),
       Length(length)
 {
 }

@@ -9,6 +9,8 @@
 #include "NxConversions.h"
 #include "NxEncoder.h"
 #include "NxException.h"
+#include "foundation/TextArgument.h"
+#include "fastinfoset/AlgorithmNumbers.h"
 
 namespace NxXmlLib9 {
 
@@ -18,18 +20,7 @@ const CConversions::WhitespaceRule kNoRule = CWhitespaceUtils::WhitespaceRuleNon
 
 const char kUnknownEncoding[] = "Unknown byte encoding.";
 
-enum : unsigned long {
-    AlgorithmHex = 1,
-    AlgorithmBase64 = 2,
-    AlgorithmShort = 3,
-    AlgorithmInt = 4,
-    AlgorithmLong = 5,
-    AlgorithmBoolean = 6,
-    AlgorithmFloat = 7,
-    AlgorithmDouble = 8,
-    AlgorithmUuid = 9,
-    AlgorithmCData = 10
-};
+using namespace FastInfosetAlgorithms;
 
 // The boolean octet of a single value: high nibble 3 (three unused bits at
 // the end), the value in bit 3.
@@ -131,7 +122,7 @@ unsigned long CFastInfosetBinaryData::EncodeFixedSize(unsigned long algorithm, c
 void CFastInfosetBinaryData::SetAsEncodedString(unsigned long algorithm, const char* text)
 {
     // Copied first: the text may lie in this buffer's own bytes.
-    const std::string value = text ? text : "";
+    const std::string value = OrEmpty(text);
     Clear();
     unsigned char octets[8];
     switch (algorithm) {

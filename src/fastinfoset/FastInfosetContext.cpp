@@ -2,6 +2,7 @@
 #include "NxFastInfosetContext.h"
 
 #include "NxFoundation.h"
+#include "fastinfoset/AlgorithmNumbers.h"
 
 namespace NxXmlLib9 {
 
@@ -22,17 +23,7 @@ struct SuggestedEncoding {
     unsigned long index;
 };
 
-// Algorithm numbers of the format's built-in table.
-enum : unsigned long {
-    AlgorithmHex = 1,
-    AlgorithmBase64 = 2,
-    AlgorithmShort = 3,
-    AlgorithmInt = 4,
-    AlgorithmLong = 5,
-    AlgorithmBoolean = 6,
-    AlgorithmFloat = 7,
-    AlgorithmDouble = 8
-};
+using namespace FastInfosetAlgorithms;
 
 // Alphabet numbers of the built-in restricted alphabets.
 enum : unsigned long { AlphabetNumeric = 1, AlphabetDateTime = 2 };

@@ -2,6 +2,7 @@
 #include "NxBinaryStream.h"
 
 #include "NxException.h"
+#include "foundation/TextArgument.h"
 
 #include <cstdio>
 
@@ -41,12 +42,12 @@ CBinaryData CBinaryStream::GetBinaryStream() const
 }
 
 CFileBinaryStream::CFileBinaryStream(const char* path, XmlEncoding encoding)
-    : CBinaryStream("CFileBinaryStream"), m_path(path ? path : ""), m_encoding(encoding)
+    : CBinaryStream("CFileBinaryStream"), m_path(OrEmpty(path)), m_encoding(encoding)
 {
 }
 
 CFileBinaryStream::CFileBinaryStream(const char* path, XmlEncoding encoding, CBinaryData& data)
-    : CBinaryStream("CFileBinaryStream", data), m_path(path ? path : ""), m_encoding(encoding)
+    : CBinaryStream("CFileBinaryStream", data), m_path(OrEmpty(path)), m_encoding(encoding)
 {
 }
 

@@ -2,13 +2,14 @@
 #include "NxBinaryStream.h"
 
 #include "NxException.h"
+#include "foundation/TextArgument.h"
 
 #include <cstdio>
 
 namespace NxXmlLib9 {
 
 CFileTextStream::CFileTextStream(const char* path, XmlEncoding encoding)
-    : CTextStream(encoding), m_path(path ? path : ""), m_file(nullptr)
+    : CTextStream(encoding), m_path(OrEmpty(path)), m_file(nullptr)
 {
 }
 

@@ -1,4 +1,5 @@
 #include "NxXmlWriter.h"
+#include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
 
@@ -138,7 +139,7 @@ std::string Scope::GetNamespaceMapValue(const std::string& namespaceUri)
 
 std::string Scope::GetNamespaceMapValue(const char* namespaceUri)
 {
-    return GetNamespaceMapValue(std::string(namespaceUri ? namespaceUri : ""));
+    return GetNamespaceMapValue(std::string(OrEmpty(namespaceUri)));
 }
 
 } // namespace NxXmlLib9

@@ -3,6 +3,8 @@
 // the parser of the value class, whose failures pass through unchanged.
 #include "NxConversions.h"
 
+#include "values/ParseAfterRule.h"
+
 namespace NxXmlLib9 {
 
 namespace {
@@ -12,10 +14,7 @@ namespace {
 // date form is accepted and keeps its own kind.
 CDateTime ReadDate(CDateTime::DTType kind, const std::string& input, CWhitespaceUtils::WhitespaceRule rule)
 {
-    const std::string text = CWhitespaceUtils::ApplyRule(rule, input);
-    CDateTime value(kind);
-    value.ParseXSDDate(text.c_str());
-    return value;
+    return ParseAfterRule(CDateTime(kind), &CDateTime::ParseXSDDate, input, rule);
 }
 
 } // namespace
@@ -27,10 +26,7 @@ std::string CConversions::durationToString(const CDateTimeSpan& value)
 
 CDateTimeSpan CConversions::durationFromString(const std::string& input, WhitespaceRule rule)
 {
-    const std::string text = CWhitespaceUtils::ApplyRule(rule, input);
-    CDateTimeSpan value;
-    value.ParseXSDDuration(text.c_str());
-    return value;
+    return ParseAfterRule(CDateTimeSpan(), &CDateTimeSpan::ParseXSDDuration, input, rule);
 }
 
 std::string CConversions::yearMonthToString(const CDateTime& value)
@@ -75,18 +71,12 @@ CDateTime CConversions::dateFromString(const std::string& text, WhitespaceRule r
 
 CDateTime CConversions::datetimeFromString(const std::string& input, WhitespaceRule rule)
 {
-    const std::string text = CWhitespaceUtils::ApplyRule(rule, input);
-    CDateTime value(CDateTime::dt_dateTime);
-    value.ParseXSDDateTime(text.c_str());
-    return value;
+    return ParseAfterRule(CDateTime(CDateTime::dt_dateTime), &CDateTime::ParseXSDDateTime, input, rule);
 }
 
 CDateTime CConversions::timeFromString(const std::string& input, WhitespaceRule rule)
 {
-    const std::string text = CWhitespaceUtils::ApplyRule(rule, input);
-    CDateTime value(CDateTime::dt_time);
-    value.ParseXSDTime(text.c_str());
-    return value;
+    return ParseAfterRule(CDateTime(CDateTime::dt_time), &CDateTime::ParseXSDTime, input, rule);
 }
 
 // Year, month and day are held as bare numbers but read as full date forms:

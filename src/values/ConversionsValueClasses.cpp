@@ -5,6 +5,8 @@
 
 #include <climits>
 
+#include "values/ParseAfterRule.h"
+
 namespace NxXmlLib9 {
 
 namespace {
@@ -42,18 +44,12 @@ std::string CConversions::base64BinaryToString(const CBinaryData& value)
 
 CBinaryData CConversions::hexBinaryFromString(const std::string& input, WhitespaceRule rule)
 {
-    const std::string text = CWhitespaceUtils::ApplyRule(rule, input);
-    CBinaryData value;
-    value.SetAsHexString(text.c_str());
-    return value;
+    return ParseAfterRule(CBinaryData(), &CBinaryData::SetAsHexString, input, rule);
 }
 
 CBinaryData CConversions::base64BinaryFromString(const std::string& input, WhitespaceRule rule)
 {
-    const std::string text = CWhitespaceUtils::ApplyRule(rule, input);
-    CBinaryData value;
-    value.SetAsBase64(text.c_str());
-    return value;
+    return ParseAfterRule(CBinaryData(), &CBinaryData::SetAsBase64, input, rule);
 }
 
 std::string CConversions::decimalToString(const CDecimal& value, const char* format)

@@ -28,48 +28,28 @@ bool CompareField(T a, T b, int& result)
     return false;
 }
 
-// Each field as the walk sees it: its value, or -1 when the kind lacks it.
-int YearOf(const CDateTime& v)
+// A field as the walk sees it: its value, or -1 when the kind lacks it.
+template <unsigned kField, auto kGet, class T = int>
+T FieldOf(const CDateTime& v)
 {
-    return Has(v.GetType(), FieldYear) ? v.GetYear() : -1;
-}
-
-int MonthOf(const CDateTime& v)
-{
-    return Has(v.GetType(), FieldMonth) ? v.GetMonth() : -1;
-}
-
-int DayOf(const CDateTime& v)
-{
-    return Has(v.GetType(), FieldDay) ? v.GetDay() : -1;
-}
-
-int HourOf(const CDateTime& v)
-{
-    return Has(v.GetType(), FieldTime) ? v.GetHour() : -1;
-}
-
-int MinuteOf(const CDateTime& v)
-{
-    return Has(v.GetType(), FieldTime) ? v.GetMinute() : -1;
-}
-
-double SecondOf(const CDateTime& v)
-{
-    return Has(v.GetType(), FieldTime) ? v.GetRealSecond() : -1.0;
+    return Has(v.GetType(), kField) ? static_cast<T>((v.*kGet)()) : T(-1);
 }
 
 } // namespace
 
 int Compare(const CDateTime& a, const CDateTime& b)
 {
-    static int (*const steps[])(const CDateTime&) = {YearOf, MonthOf, DayOf, HourOf, MinuteOf};
+    static int (*const steps[])(const CDateTime&) = {
+        FieldOf<FieldYear, &CDateTime::GetYear>, FieldOf<FieldMonth, &CDateTime::GetMonth>,
+        FieldOf<FieldDay, &CDateTime::GetDay>,   FieldOf<FieldTime, &CDateTime::GetHour>,
+        FieldOf<FieldTime, &CDateTime::GetMinute>};
     int result = OrderEqual;
     for (auto step : steps) {
         if (CompareField(step(a), step(b), result))
             return result;
     }
-    CompareField(SecondOf(a), SecondOf(b), result);
+    const auto secondOf = FieldOf<FieldTime, &CDateTime::GetRealSecond, double>;
+    CompareField(secondOf(a), secondOf(b), result);
     return result;
 }
 

@@ -17,119 +17,34 @@ void CDateTime::RequireField(unsigned fields, const char* operation) const
             FormatString("Failed to %s. Invalid Date Type: %s.", operation, GetTypeAsString().c_str()));
 }
 
-short CDateTime::GetYear() const
-{
-    RequireField(FieldYear, "GetYear");
-    return m_year;
-}
-
-unsigned char CDateTime::GetMonth() const
-{
-    RequireField(FieldMonth, "GetMonth");
-    return m_month;
-}
-
-unsigned char CDateTime::GetDay() const
-{
-    RequireField(FieldDay, "GetDay");
-    return m_day;
-}
-
-unsigned char CDateTime::GetHour() const
-{
-    RequireField(FieldTime, "GetHour");
-    return m_hour;
-}
-
-unsigned char CDateTime::GetMinute() const
-{
-    RequireField(FieldTime, "GetMinute");
-    return m_minute;
-}
-
-unsigned char CDateTime::GetSecond() const
-{
-    RequireField(FieldTime, "GetSecond");
-    return m_second;
-}
-
-unsigned short CDateTime::GetMilliSecond() const
-{
-    RequireField(FieldTime, "GetMilliSecond");
-    return m_milli;
-}
-
-unsigned short CDateTime::GetMicroSecond() const
-{
-    RequireField(FieldTime, "GetMicroSecond");
-    return m_micro;
-}
-
-unsigned short CDateTime::GetNanoSecond() const
-{
-    RequireField(FieldTime, "GetNanoSecond");
-    return m_nano;
-}
+// Each field has a getter and a setter, both refused unless the kind has
+// the field; the setter shares its getter's message, "Get" included.
+#define NXXML_DATE_TIME_FIELD(Name, Type, member, fields) \
+    Type CDateTime::Get##Name() const                    \
+    {                                                    \
+        RequireField(fields, "Get" #Name);               \
+        return member;                                   \
+    }                                                    \
+    void CDateTime::Set##Name(Type value)                \
+    {                                                    \
+        RequireField(fields, "Get" #Name);               \
+        member = value;                                  \
+    }
+NXXML_DATE_TIME_FIELD(Year, short, m_year, FieldYear)
+NXXML_DATE_TIME_FIELD(Month, unsigned char, m_month, FieldMonth)
+NXXML_DATE_TIME_FIELD(Day, unsigned char, m_day, FieldDay)
+NXXML_DATE_TIME_FIELD(Hour, unsigned char, m_hour, FieldTime)
+NXXML_DATE_TIME_FIELD(Minute, unsigned char, m_minute, FieldTime)
+NXXML_DATE_TIME_FIELD(Second, unsigned char, m_second, FieldTime)
+NXXML_DATE_TIME_FIELD(MilliSecond, unsigned short, m_milli, FieldTime)
+NXXML_DATE_TIME_FIELD(MicroSecond, unsigned short, m_micro, FieldTime)
+NXXML_DATE_TIME_FIELD(NanoSecond, unsigned short, m_nano, FieldTime)
+#undef NXXML_DATE_TIME_FIELD
 
 double CDateTime::GetRealSecond() const
 {
     RequireField(FieldTime, "GetRealSecond");
     return m_second + m_milli / 1000.0 + m_micro / 1e6 + m_nano / 1e9;
-}
-
-// The setters share their getter's message, "Get" included.
-void CDateTime::SetYear(short value)
-{
-    RequireField(FieldYear, "GetYear");
-    m_year = value;
-}
-
-void CDateTime::SetMonth(unsigned char value)
-{
-    RequireField(FieldMonth, "GetMonth");
-    m_month = value;
-}
-
-void CDateTime::SetDay(unsigned char value)
-{
-    RequireField(FieldDay, "GetDay");
-    m_day = value;
-}
-
-void CDateTime::SetHour(unsigned char value)
-{
-    RequireField(FieldTime, "GetHour");
-    m_hour = value;
-}
-
-void CDateTime::SetMinute(unsigned char value)
-{
-    RequireField(FieldTime, "GetMinute");
-    m_minute = value;
-}
-
-void CDateTime::SetSecond(unsigned char value)
-{
-    RequireField(FieldTime, "GetSecond");
-    m_second = value;
-}
-
-void CDateTime::SetMilliSecond(unsigned short value)
-{
-    RequireField(FieldTime, "GetMilliSecond");
-    m_milli = value;
-}
-
-void CDateTime::SetMicroSecond(unsigned short value)
-{
-    RequireField(FieldTime, "GetMicroSecond");
-    m_micro = value;
-}
-
-void CDateTime::SetNanoSecond(unsigned short value)
-{
-    RequireField(FieldTime, "GetNanoSecond");
-    m_nano = value;
 }
 
 int CDateTime::GetDayOfYear() const

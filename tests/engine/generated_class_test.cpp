@@ -337,10 +337,10 @@ TEST(ElementInfo, IsThisElementComparesLocalNameThenNamespaceUnlessIgnored)
     EXPECT_TRUE(entry.IsThisElement(noNamespaces, children[1]));
 }
 
-TEST(ElementInfo, GetAnyDefaultNamespaceFollowsTheSpecification)
+TEST(ElementInfo, GetAnyDefaultNamespaceFollowsTheWildcard)
 {
     struct Case {
-        const char* specification;
+        const char* wildcard;
         const char* classNamespace;
         const char* expected;
     };
@@ -367,9 +367,9 @@ TEST(ElementInfo, GetAnyDefaultNamespaceFollowsTheSpecification)
         {"##other", nullptr, "DefaultNamespace"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.specification ? c.specification : "(null)") + " / " +
+        SCOPED_TRACE(std::string(c.wildcard ? c.wildcard : "(null)") + " / " +
                      (c.classNamespace ? c.classNamespace : "(null)"));
-        EXPECT_EQ(CElementInfo::GetAnyDefaultNamespace(c.specification, c.classNamespace, "urn:target"),
+        EXPECT_EQ(CElementInfo::GetAnyDefaultNamespace(c.wildcard, c.classNamespace, "urn:target"),
                   c.expected);
     }
     EXPECT_EQ(CElementInfo::GetAnyDefaultNamespace("##targetNamespace", "urn:class", nullptr), "");

@@ -23,12 +23,8 @@ void SchemaReader::AddAttributes(ClassModel* cls, Node parent, Doc* doc)
             Member member;
             member.kind = Kind::AnyAttr;
             member.occurs = Occurs::Opt;
-            member.xmlName = "AnyAttribute";
-            member.wildcard = HasAttr(child, "namespace") ? Attr(child, "namespace") : "##any";
-            if (member.wildcard.find(' ') != std::string::npos)
-                Fail(doc, child, "an attribute wildcard with a list of namespaces is not supported");
-            member.ns = doc->tns;
-            member.cppName = "AnyAttributes";
+            SetWildcard(member, child, doc, "AnyAttribute", "AnyAttributes",
+                        "an attribute wildcard with a list of namespaces is not supported");
             AddMember(cls, member, true);
         }
     }

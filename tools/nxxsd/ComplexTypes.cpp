@@ -369,13 +369,19 @@ void SchemaReader::AddWildcard(ClassModel* cls, Node node, Doc* doc)
     if (member.maxOccurs == 0)
         return;
     member.occurs = OccursOf(member.minOccurs, member.maxOccurs, cls->group);
-    member.xmlName = "AnyElement";
+    SetWildcard(member, node, doc, "AnyElement", "Any", "a wildcard with a list of namespaces is not supported");
+    AddMember(cls, member, false);
+}
+
+void SchemaReader::SetWildcard(Member& member, Node node, Doc* doc, const char* xmlName, const char* cppName,
+                               const char* what)
+{
+    member.xmlName = xmlName;
     member.wildcard = HasAttr(node, "namespace") ? Attr(node, "namespace") : "##any";
     if (member.wildcard.find(' ') != std::string::npos)
-        Fail(doc, node, "a wildcard with a list of namespaces is not supported");
+        Fail(doc, node, what);
     member.ns = doc->tns;
-    member.cppName = "Any";
-    AddMember(cls, member, false);
+    member.cppName = cppName;
 }
 
 void SchemaReader::AddMember(ClassModel* cls, Member member, bool attribute)

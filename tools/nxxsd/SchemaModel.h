@@ -67,7 +67,7 @@ struct Member {
     SimpleModel simple;      // Prim and Enum
     ClassModel* cls = nullptr; // Cls and AbsCls
     bool pseudo = false;     // Cls of a nested group
-    std::string wildcard;    // Untpd wildcard and AnyAttr: the namespace specification
+    std::string wildcard;    // Untpd wildcard and AnyAttr: the namespace wildcard text
     std::string defaultValue; bool hasDefault = false;
     bool fixed = false;      // the default is the only value allowed
 };

@@ -75,6 +75,11 @@ private:
     void CollectSubstitutes(const QName& head, std::vector<QName>& members);
     void AddSubstitutionGroup(ClassModel* cls, Member reference, const QName& head, Doc* doc, Node node);
     void AddWildcard(ClassModel* cls, Node node, Doc* doc);
+    // Fills the wildcard member from an xs:any or xs:anyAttribute: its name,
+    // namespace text ("##any" when absent), the schema's target namespace
+    // and the name of its property. A list of namespaces fails with what.
+    void SetWildcard(Member& member, Node node, Doc* doc, const char* xmlName, const char* cppName,
+                     const char* what);
     void AddAttributes(ClassModel* cls, Node parent, Doc* doc);
     void AddAttribute(ClassModel* cls, Node node, Doc* doc);
     void AddMember(ClassModel* cls, Member member, bool attribute);
