@@ -3,7 +3,7 @@
 
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
-#include "collections/CloneItems.h"
+#include "collections/UntypedCollectionItems.h"
 #include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
@@ -65,7 +65,7 @@ CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute)
 
 CSmartPtr<CAttribute> CAttributeCol::Item(int index) const
 {
-    return dynamic_cast<CAttribute*>(static_cast<CXmlObjectBase*>(GetNodeAtIndex(index)->item));
+    return ItemAt<CAttribute>(*this, index);
 }
 
 CSmartPtr<CAttributeCol> CAttributeCol::Clone() const

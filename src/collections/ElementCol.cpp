@@ -3,7 +3,7 @@
 
 #include "NxXmlDocument.h"
 #include "NxXmlObjectHelper.h"
-#include "collections/CloneItems.h"
+#include "collections/UntypedCollectionItems.h"
 #include "foundation/TextArgument.h"
 
 namespace NxXmlLib9 {
@@ -69,7 +69,7 @@ CSmartPtr<CElement> CElementCol::Add(CElement* element)
 
 CSmartPtr<CElement> CElementCol::Item(int index) const
 {
-    return dynamic_cast<CElement*>(static_cast<CXmlObjectBase*>(GetNodeAtIndex(index)->item));
+    return ItemAt<CElement>(*this, index);
 }
 
 // The clone keeps the source's default namespace as it is: made again from
