@@ -31,7 +31,7 @@
 #include <string>
 #include <vector>
 
-#include "NxXmlLib9.h"
+#include "GeneratedTestBase.h"
 
 namespace NxRoundTrip {
 
@@ -41,144 +41,32 @@ using namespace NxXmlLib9Data;
 inline const char* const kRtNs = "urn:rt";
 inline const char* const kShapesNs = "urn:shapes";
 
+using NxGenerated::Access;
+using NxGenerated::AccessCollection;
+using NxGenerated::AccessObject;
+using NxGenerated::Generated;
+using NxGenerated::ObjectCol;
+
 // ---- Enumerations --------------------------------------------------------
 
+inline const char* const kColours[] = {"red", "green", "blue"};
+inline const char* const kKinds[] = {"home", "work"};
+inline const char* const kLevels[] = {"low", "high"};
 inline const char* ColourToText(int value)
 {
-    static const char* const names[] = {"red", "green", "blue"};
-    if (value < 0 || value > 2)
-        throw CNxInvalidValueException(FormatString("No colour has the number %d", value));
-    return names[value];
+    return NxGenerated::EnumToText(kColours, value, "No colour has the number ");
 }
-inline int ColourFromText(const char* text)
-{
-    for (int i = 0; i < 3; ++i)
-        if (std::string(text) == ColourToText(i))
-            return i;
-    throw CNxInvalidValueException(FormatString("[%s] is not a colour", text));
-}
-inline const char* KindToText(int value) { return value == 0 ? "home" : "work"; }
+inline int ColourFromText(const char* text) { return NxGenerated::EnumFromText(kColours, text, "[", "] is not a colour"); }
+inline const char* KindToText(int value) { return NxGenerated::EnumToText(kKinds, value, "No kind has the number "); }
 inline int KindFromText(const char* text)
 {
-    if (std::string(text) == "home")
-        return 0;
-    if (std::string(text) == "work")
-        return 1;
-    throw CNxInvalidValueException(FormatString("[%s] is not a kind of address", text));
+    return NxGenerated::EnumFromText(kKinds, text, "[", "] is not a kind of address");
 }
-inline const char* LevelToText(int value) { return value == 0 ? "low" : "high"; }
-inline int LevelFromText(const char* text)
+inline const char* LevelToText(int value)
 {
-    if (std::string(text) == "low")
-        return 0;
-    if (std::string(text) == "high")
-        return 1;
-    throw CNxInvalidValueException(FormatString("[%s] is not a level", text));
+    return NxGenerated::EnumToText(kLevels, value, "No level has the number ");
 }
-
-// ---- Property access, as generated setters and getters do it ---------------
-
-inline void Access(std::optional<std::string>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetString(*field);
-    } else if (value.IsValid()) {
-        field = value.GetString();
-    } else {
-        field.reset();
-    }
-}
-// Integers and enumeration numbers.
-inline void Access(std::optional<long>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetI4(*field);
-    } else if (value.IsValid()) {
-        field = value.GetI4();
-    } else {
-        field.reset();
-    }
-}
-inline void Access(std::optional<double>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetR8(*field);
-    } else {
-        field = value.GetR8();
-    }
-}
-inline void Access(std::optional<bool>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetBoolean(*field);
-    } else {
-        field = value.GetBoolean();
-    }
-}
-template <class T>
-void AccessObject(CSmartPtr<T>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        value.SetXmlObject(static_cast<T*>(field));
-        return;
-    }
-    CSmartPtr<CXmlObjectBase> object = value.GetXmlObject();
-    field = object ? dynamic_cast<T*>(static_cast<CXmlObjectBase*>(object)) : nullptr;
-}
-template <class T>
-void AccessCollection(const CSmartPtr<T>& field, NxVariant& value)
-{
-    value.SetXmlCollection(static_cast<T*>(field));
-}
-
-// ---- Records, built once per class ----------------------------------------
-
-// What every class below shares: the three lazily built tables, taken down
-// at exit, and the answers to who the object is. Derived supplies
-// MakeInfo(), MakeElements() and MakeAttributes() and its namespace.
-template <class Derived>
-class Generated : public CXmlGeneratedClass {
-public:
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return Derived::kNamespace; }
-    std::string GetNamespace() const override { return Derived::kNamespace; }
-    CParentElementInfo* GetClassInfo() const override { return Tables().info; }
-    CElementInfo** GetClassElementInfo() const override { return Tables().elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return Tables().attributes; }
-
-private:
-    struct Records {
-        CParentElementInfo* info = nullptr;
-        CElementInfo** elements = nullptr;
-        CAttributeInfo** attributes = nullptr;
-        ~Records() { CleanMetaData(info, elements, attributes); }
-    };
-    template <class Record>
-    static Record** Terminated(const std::vector<Record*>& records)
-    {
-        Record** array = new Record*[records.size() + 1];
-        for (size_t i = 0; i < records.size(); ++i)
-            array[i] = records[i];
-        array[records.size()] = nullptr;
-        return array;
-    }
-    static const Records& Tables()
-    {
-        static Records records;
-        m_csInit.Enter();
-        if (!records.info) {
-            records.info = Derived::MakeInfo();
-            records.elements = Terminated(Derived::MakeElements());
-            records.attributes = Terminated(Derived::MakeAttributes());
-        }
-        m_csInit.Leave();
-        return records;
-    }
-};
+inline int LevelFromText(const char* text) { return NxGenerated::EnumFromText(kLevels, text, "[", "] is not a level"); }
 
 inline const CPrimitiveRestrictions kNoFacets;
 inline const CWhitespaceUtils::WhitespaceRule kCollapse = CWhitespaceUtils::WhitespaceRuleCollapse;
@@ -190,45 +78,6 @@ CSmartPtr<CXmlObjectBase> MakeByNumber(int classNumber, const char* elementName)
 CSmartPtr<CXmlObjectBase> MakeShape(CXmlElement* element);
 
 // ---- Collections of generated code ------------------------------------------
-
-// A repeated child object; each item is made by the factory from its element,
-// so that substitution works per item.
-class ObjectCol : public CXmlCollection {
-public:
-    ObjectCol(const char* name, const char* ns, int minOccurs, int maxOccurs,
-              CSmartPtr<CXmlObjectBase> (*make)(CXmlElement*))
-        : CXmlCollection(name, ns, minOccurs, maxOccurs), m_make(make)
-    {
-    }
-    template <class T> T* At(int index) const
-    {
-        return dynamic_cast<T*>(static_cast<CXmlObjectBase*>(GetNodeAtIndex(index)->item));
-    }
-
-protected:
-    void ToXml_Int(CXmlWriter* writer, bool, const char* elementNamespace, const CXmlSerializationContext& context,
-                   bool) const override
-    {
-        for (CNode* node = begin(); node != end(); node = node->next)
-            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
-    }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* cursor, const CXmlSerializationContext& context,
-                             bool) override
-    {
-        for (; cursor && CXmlObjectHelper::DoesElementNameMatch(context, cursor, GetElementName(), GetNamespace());
-             cursor = cursor->GetNextSiblingElement()) {
-            CSmartPtr<CXmlObjectBase> item = m_make(cursor);
-            if (!item)
-                break;
-            CXmlObjectBase::FromXml_Int(item, cursor, cursor->GetFirstElement(), context);
-            AppendItem(item);
-        }
-        return cursor;
-    }
-
-private:
-    CSmartPtr<CXmlObjectBase> (*m_make)(CXmlElement*);
-};
 
 // A repeated colour, held as numbers.
 class ColourCol : public CXmlTypeCollection {
@@ -280,7 +129,6 @@ std::string DumpStrings(const CstringCol* col);
 
 class Geo : public Generated<Geo> {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Geo(const char* name = "Geo") { SetElementName(name); Init(); }
     void Init() override { lat.reset(); }
     void AccessProperty(int index, bool read, NxVariant& value) override
@@ -300,14 +148,12 @@ public:
         return {new CElementInfoSeqPrimMnd("Lat", "", 0, ItemTypeR8, nullptr, kCollapse,
                                            CPrimitiveRestrictions(nullptr, -1, -1, "-90", "90", nullptr, nullptr, -1))};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<double> lat;
 };
 
 class Address : public Generated<Address>, public INillable {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Address(const char* name = "Address") { SetElementName(name); Init(); }
     void Init() override
     {
@@ -361,7 +207,6 @@ public:
 template <class Derived>
 class ShapeOf : public Generated<Derived> {
 public:
-    static constexpr const char* kNamespace = "";
     void Init() override
     {
         label.reset();
@@ -392,7 +237,6 @@ public:
                 new CElementInfoSeqPrimMnd(Derived::kSize, "", 1, ItemTypeI4, nullptr, kCollapse, kNoFacets));
         return records;
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<std::string> label;
     std::optional<long> size;
@@ -431,7 +275,6 @@ inline std::string DumpShape(const CXmlObjectBase* shape)
 // A nested sequence without an element of its own.
 class Contact : public Generated<Contact> {
 public:
-    static constexpr const char* kNamespace = "";
     Contact() { SetElementName("Contact"); Init(); }
     void Init() override
     {
@@ -474,7 +317,6 @@ public:
 // A nested choice without an element of its own.
 class Pay : public Generated<Pay> {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Pay(const char* name = "Pay") { SetElementName(name); Init(); }
     void Init() override
     {
@@ -499,7 +341,6 @@ public:
         return {new CElementInfoChoicePrimOpt("Card", "", 0, ItemTypeString, nullptr, kCollapse, kNoFacets),
                 new CElementInfoChoiceEnumOpt("Coin", "", 1, &ColourToText, &ColourFromText)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<std::string> card;
     std::optional<long> coin;
@@ -507,7 +348,6 @@ public:
 
 class Person : public Generated<Person> {
 public:
-    static constexpr const char* kNamespace = "";
     enum {
         PName, PNick, PAddress, PBilling, PContact, PPay, PShape, PSpare, PColour, PShade, PPhone, PTag, PItem,
         PFigure, PRaw, PNote, PAny, PId, PLevel
@@ -720,7 +560,6 @@ public:
 // Text content beside a child element.
 class Memo : public Generated<Memo> {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Memo(const char* name = "Memo") { SetElementName(name); Init(); }
     void Init() override
     {
@@ -744,7 +583,6 @@ public:
     {
         return {new CElementInfoSeqPrimOpt("Ref", "", 0, ItemTypeI4, nullptr, kCollapse, kNoFacets)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<long> ref;
     std::optional<std::string> text;
@@ -753,7 +591,6 @@ public:
 // A choice of single members and one untyped collection.
 class Pick : public Generated<Pick> {
 public:
-    static constexpr const char* kNamespace = "";
     enum { PMemo, PShape, PCode, PTone, PBlob, PRaw };
     Pick() { SetElementName("Pick"); Init(); }
     void Init() override
@@ -798,7 +635,6 @@ public:
                 new CElementInfoChoiceUntpdOpt("Blob", "", PBlob, "##any", ""),
                 new CElementInfoChoiceUntpdCol("Raw", "", PRaw)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     CSmartPtr<Memo> memo;
     CSmartPtr<CXmlGeneratedClass> shape;
@@ -811,7 +647,6 @@ public:
 // empty choice is a failure.
 class Bunch : public Generated<Bunch> {
 public:
-    static constexpr const char* kNamespace = "";
     enum { PPlace, PForm, PWord, PHue };
     Bunch() { SetElementName("Bunch"); Init(); }
     void Init() override
@@ -855,7 +690,6 @@ public:
                 new CElementInfoChoicePrimCol("Word", "", PWord),
                 new CElementInfoChoiceEnumCol("Hue", "", PHue)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     CSmartPtr<ObjectCol> place, form;
     CSmartPtr<CstringCol> word;
