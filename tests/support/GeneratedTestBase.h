@@ -64,6 +64,34 @@ void AccessCollection(const CSmartPtr<T>& field, NxVariant& value)
     value.SetXmlCollection(static_cast<T*>(field));
 }
 
+// One field of any kind: objects and collections go by reference.
+template <class T>
+void AccessField(std::optional<T>& field, bool read, NxVariant& value)
+{
+    Access(field, read, value);
+}
+template <class T>
+void AccessField(CSmartPtr<T>& field, bool read, NxVariant& value)
+{
+    if constexpr (std::is_base_of_v<CXmlCollectionBase, T>)
+        AccessCollection(field, value);
+    else
+        AccessObject(field, read, value);
+}
+// The AccessProperty switch of a class whose property numbers are the places
+// of its fields.
+template <class... Fields>
+void AccessNth(int index, bool read, NxVariant& value, Fields&... fields)
+{
+    int place = 0;
+    ((place++ == index ? AccessField(fields, read, value) : void()), ...);
+}
+template <class... T>
+void ResetAll(std::optional<T>&... fields)
+{
+    (fields.reset(), ...);
+}
+
 // ---- Enumerations ---------------------------------------------------------
 
 // The text of an enumeration number; a number out of range fails with

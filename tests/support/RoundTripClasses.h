@@ -43,7 +43,9 @@ inline const char* const kShapesNs = "urn:shapes";
 
 using NxGenerated::Access;
 using NxGenerated::AccessCollection;
+using NxGenerated::AccessNth;
 using NxGenerated::AccessObject;
+using NxGenerated::ResetAll;
 using NxGenerated::Generated;
 using NxGenerated::ObjectCol;
 
@@ -56,7 +58,10 @@ inline const char* ColourToText(int value)
 {
     return NxGenerated::EnumToText(kColours, value, "No colour has the number ");
 }
-inline int ColourFromText(const char* text) { return NxGenerated::EnumFromText(kColours, text, "[", "] is not a colour"); }
+inline int ColourFromText(const char* text)
+{
+    return NxGenerated::EnumFromText(kColours, text, "[", "] is not a colour");
+}
 inline const char* KindToText(int value) { return NxGenerated::EnumToText(kKinds, value, "No kind has the number "); }
 inline int KindFromText(const char* text)
 {
@@ -158,21 +163,14 @@ public:
     void Init() override
     {
         nil = false;
-        street.reset();
-        city.reset();
+        ResetAll(street, city, kind);
         geo = nullptr;
-        kind.reset();
     }
     bool IsNil() const override { return nil; }
     void SetNil(bool value) override { nil = value; }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case 0: Access(street, read, value); break;
-        case 1: Access(city, read, value); break;
-        case 2: AccessObject(geo, read, value); break;
-        case 3: Access(kind, read, value); break;
-        }
+        AccessNth(index, read, value, street, city, geo, kind);
     }
     std::string Dump() const
     {
@@ -207,17 +205,10 @@ public:
 template <class Derived>
 class ShapeOf : public Generated<Derived> {
 public:
-    void Init() override
-    {
-        label.reset();
-        size.reset();
-    }
+    void Init() override { ResetAll(label, size); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        if (index == 0)
-            Access(label, read, value);
-        else
-            Access(size, read, value);
+        AccessNth(index, read, value, label, size);
     }
     std::string Dump() const
     {
@@ -276,19 +267,10 @@ inline std::string DumpShape(const CXmlObjectBase* shape)
 class Contact : public Generated<Contact> {
 public:
     Contact() { SetElementName("Contact"); Init(); }
-    void Init() override
-    {
-        email.reset();
-        fax.reset();
-        verified.reset();
-    }
+    void Init() override { ResetAll(email, fax, verified); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case 0: Access(email, read, value); break;
-        case 1: Access(fax, read, value); break;
-        case 2: Access(verified, read, value); break;
-        }
+        AccessNth(index, read, value, email, fax, verified);
     }
     std::string Dump() const
     {
@@ -318,17 +300,10 @@ public:
 class Pay : public Generated<Pay> {
 public:
     explicit Pay(const char* name = "Pay") { SetElementName(name); Init(); }
-    void Init() override
-    {
-        card.reset();
-        coin.reset();
-    }
+    void Init() override { ResetAll(card, coin); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        if (index == 0)
-            Access(card, read, value);
-        else
-            Access(coin, read, value);
+        AccessNth(index, read, value, card, coin);
     }
     std::string Dump() const { return "Pay{card=" + Show(card) + " coin=" + Show(coin) + "}"; }
     static CParentElementInfo* MakeInfo()
@@ -355,49 +330,21 @@ public:
     Person() { SetElementName("Person"); Init(); }
     void Init() override
     {
-        name.reset();
-        nick.reset();
+        ResetAll(name, nick, colour, shade, id, level);
         address = new Address("Address");
-        billing = nullptr;
         contact = new Contact();
-        pay = nullptr;
-        shape = nullptr;
-        spare = nullptr;
-        colour.reset();
-        shade.reset();
+        billing = nullptr, pay = nullptr, shape = nullptr, spare = nullptr, note = nullptr;
         phone = NewStringCol("Phone", 0, 3);
         tag = new ColourCol("Tag", 0, -1);
         item = new ObjectCol("Item", "", 0, -1, &MakeAddress);
         figure = new ObjectCol("Figure", "", 0, -1, &MakeShape);
         raw = new CElementCol("", "##any", "", 0, -1);
-        note = nullptr;
         any = new CElement("any", "", "##any", "");
-        id.reset();
-        level.reset();
     }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PName: Access(name, read, value); break;
-        case PNick: Access(nick, read, value); break;
-        case PAddress: AccessObject(address, read, value); break;
-        case PBilling: AccessObject(billing, read, value); break;
-        case PContact: AccessObject(contact, read, value); break;
-        case PPay: AccessObject(pay, read, value); break;
-        case PShape: AccessObject(shape, read, value); break;
-        case PSpare: AccessObject(spare, read, value); break;
-        case PColour: Access(colour, read, value); break;
-        case PShade: Access(shade, read, value); break;
-        case PPhone: AccessCollection(phone, value); break;
-        case PTag: AccessCollection(tag, value); break;
-        case PItem: AccessCollection(item, value); break;
-        case PFigure: AccessCollection(figure, value); break;
-        case PRaw: AccessCollection(raw, value); break;
-        case PNote: AccessObject(note, read, value); break;
-        case PAny: AccessObject(any, read, value); break;
-        case PId: Access(id, read, value); break;
-        case PLevel: Access(level, read, value); break;
-        }
+        AccessNth(index, read, value, name, nick, address, billing, contact, pay, shape, spare, colour, shade, phone,
+                  tag, item, figure, raw, note, any, id, level);
     }
     std::string Dump() const
     {
@@ -487,31 +434,15 @@ public:
     Profile() { SetElementName("Profile"); Init(); }
     void Init() override
     {
-        age.reset();
-        email.reset();
-        mood.reset();
-        shade.reset();
+        ResetAll(age, email, mood, shade, since);
         home = new Address("Home");
-        work = nullptr;
         bio = new CElement("Bio", kRtNs, "##any", kRtNs);
-        misc = nullptr;
-        since.reset();
+        work = nullptr, misc = nullptr;
         anyAttributes = new CAttributeCol("", "##other", kRtNs);
     }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PAge: Access(age, read, value); break;
-        case PEmail: Access(email, read, value); break;
-        case PMood: Access(mood, read, value); break;
-        case PShade: Access(shade, read, value); break;
-        case PHome: AccessObject(home, read, value); break;
-        case PWork: AccessObject(work, read, value); break;
-        case PBio: AccessObject(bio, read, value); break;
-        case PMisc: AccessObject(misc, read, value); break;
-        case PSince: Access(since, read, value); break;
-        case PAnyAttributes: AccessCollection(anyAttributes, value); break;
-        }
+        AccessNth(index, read, value, age, email, mood, shade, home, work, bio, misc, since, anyAttributes);
     }
     std::string Dump() const
     {
@@ -561,17 +492,10 @@ public:
 class Memo : public Generated<Memo> {
 public:
     explicit Memo(const char* name = "Memo") { SetElementName(name); Init(); }
-    void Init() override
-    {
-        ref.reset();
-        text.reset();
-    }
+    void Init() override { ResetAll(ref, text); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        if (index == 0)
-            Access(ref, read, value);
-        else
-            Access(text, read, value);
+        AccessNth(index, read, value, ref, text);
     }
     std::string Dump() const { return GetElementName() + "{ref=" + Show(ref) + " text=" + Show(text) + "}"; }
     static CParentElementInfo* MakeInfo()
@@ -595,23 +519,13 @@ public:
     Pick() { SetElementName("Pick"); Init(); }
     void Init() override
     {
-        memo = nullptr;
-        shape = nullptr;
-        code.reset();
-        tone.reset();
-        blob = nullptr;
+        ResetAll(code, tone);
+        memo = nullptr, shape = nullptr, blob = nullptr;
         raw = new CElementCol("", "##any", "", 0, -1);
     }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PMemo: AccessObject(memo, read, value); break;
-        case PShape: AccessObject(shape, read, value); break;
-        case PCode: Access(code, read, value); break;
-        case PTone: Access(tone, read, value); break;
-        case PBlob: AccessObject(blob, read, value); break;
-        case PRaw: AccessCollection(raw, value); break;
-        }
+        AccessNth(index, read, value, memo, shape, code, tone, blob, raw);
     }
     std::string Dump() const
     {
@@ -656,14 +570,9 @@ public:
         word = NewStringCol("Word", 1, 3);
         hue = new ColourCol("Hue", 1, -1);
     }
-    void AccessProperty(int index, bool, NxVariant& value) override
+    void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PPlace: AccessCollection(place, value); break;
-        case PForm: AccessCollection(form, value); break;
-        case PWord: AccessCollection(word, value); break;
-        case PHue: AccessCollection(hue, value); break;
-        }
+        AccessNth(index, read, value, place, form, word, hue);
     }
     std::string Dump() const
     {
