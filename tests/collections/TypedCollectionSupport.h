@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 namespace NxTest {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 namespace NxTest {
@@ -27,10 +28,6 @@ struct Parsed {
     }
     NxXmlLib9::CXmlElement* Root() const { return document.GetDocumentElement(); }
     NxXmlLib9::CXmlDocument document;
-};
-
-struct VersionRegistration {
-    VersionRegistration() { NxXmlLib9::RegisterGeneratorVersion(9, 0); }
 };
 
 } // namespace NxTest

@@ -4,6 +4,7 @@
 
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 using namespace NxXmlLib9;
@@ -28,9 +29,6 @@ public:
     std::vector<Received> received;
 };
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
 } // namespace
 
 TEST(CollectionBase, TheTargetNamespaceIsATrap)

@@ -11,10 +11,6 @@ using namespace NxTest;
 
 namespace {
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
 typedef EventLog<long> LongLog;
 
 // A Ci4Col holding 10, 20, 30 with a listener attached after the adds.

@@ -9,7 +9,6 @@ using NxTest::Parsed;
 using NxTest::Walks;
 
 namespace {
-NxTest::VersionRegistration registerVersion;
 
 // A root written by hand the way the generated walk writes one: the start
 // tag, the context's additional root attributes, then its content.

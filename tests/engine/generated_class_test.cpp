@@ -13,10 +13,6 @@ using NxTest::Person;
 
 namespace {
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
 // The children of one parsed element, for matching tests.
 class ParsedChildren {
 public:

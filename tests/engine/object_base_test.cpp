@@ -5,16 +5,11 @@
 
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 using namespace NxXmlLib9;
 using NxTest::CountedObject;
-
-namespace {
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-} // namespace
 
 TEST(ReferenceCount, StartsAtZeroAndTheLastReleaseDestroys)
 {

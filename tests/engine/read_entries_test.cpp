@@ -17,10 +17,6 @@ using NxTest::Person;
 
 namespace {
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
 const char kPersonXml[] = "<Person xmlns='urn:test:person' id='7' lang='de'>"
                           "<Name> Ann </Name>"
                           "<Address><Street>Main</Street><City>Town</City></Address>"

@@ -19,10 +19,6 @@ using NxTest::WriteFileBytes;
 
 namespace {
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
 const std::string kMark("\xFF\xFE", 2);
 const char* const kParserFailure = "not well-formed (invalid token) at line 1";
 const char* const kZlibRefused = "ZLIB Compression only available for To Stream methods.";

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 
 namespace NxGenerated {
 
