@@ -277,17 +277,6 @@ TEST(StreamEntries, CompressedFilesAgreeWithTheStockGzipTool)
     ExpectSample(*copy);
 }
 
-TEST(StreamEntries, CutOrDamagedCompressedInputFailsInTheTextParser)
-{
-    const std::string packed = StreamOf(*SamplePerson(), XmlEncodingUTF8, CompressionTypeGZip);
-    std::string damaged = packed;
-    damaged[damaged.size() / 2] ^= 0x40;
-    for (const std::string& bytes : {packed.substr(0, packed.size() - 4), packed.substr(0, 12), damaged}) {
-        CSmartPtr<Person> copy(new Person);
-        ExpectFailure<CNxException>([&] { copy->FromXmlStream(DataOf(bytes)); }, kParserFailure);
-    }
-}
-
 TEST(ElementFromObject, HoldsTheObjectsTreeUnderItsDefaultNamespace)
 {
     CSmartPtr<Person> person = SamplePerson();
