@@ -8,9 +8,9 @@ using namespace NxXmlLib9;
 
 namespace {
 
-bool Valid(const char* uri, const char* specification, const char* target)
+bool Valid(const char* uri, const char* wildcard, const char* target)
 {
-    return CXmlObjectHelper::IsNamespaceValid(uri, specification, target);
+    return CXmlObjectHelper::IsNamespaceValid(uri, wildcard, target);
 }
 
 // Parses a document and hands out the children of its root.
