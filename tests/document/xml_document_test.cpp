@@ -109,24 +109,6 @@ TEST(XmlDocumentLoad, AFailedLoadKeepsThePartialTreeUntilTheNextLoad)
     EXPECT_EQ("text", document.GetDocumentElement()->GetText());
 }
 
-TEST(XmlDocumentLoad, DeepDocumentsLoadAndFreeWithoutRecursion)
-{
-    const int depth = 200000;
-    std::string xml;
-    for (int i = 0; i < depth; ++i)
-        xml += "<e>";
-    for (int i = 0; i < depth; ++i)
-        xml += "</e>";
-    CXmlSerializationContext unlimited;
-    unlimited.SetMaximumDepth(0);
-    CXmlDocument document(unlimited);
-    document.LoadXml(xml.c_str());
-    int levels = 0;
-    for (const CXmlElement* element = document.GetDocumentElement(); element; element = element->GetFirstElement())
-        ++levels;
-    EXPECT_EQ(depth, levels);
-}
-
 TEST(XmlDocumentText, TextAroundChildrenConcatenatesWithoutCarriageReturns)
 {
     CXmlDocument document;
