@@ -6,6 +6,7 @@
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
 #include "PersonClasses.h"
+#include "TableClass.h"
 
 using namespace NxXmlLib9;
 using namespace NxXmlLib9Data;
@@ -70,25 +71,6 @@ CElementInfoSeqPrimMnd PrimEntry(const char* name, ItemType type, const CPrimiti
     return CElementInfoSeqPrimMnd(name, "", 0, type, nullptr, CWhitespaceUtils::WhitespaceRuleCollapse, restrictions);
 }
 
-// A class without child elements or attributes.
-class Bare : public CXmlGeneratedClass {
-public:
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return ""; }
-    std::string GetNamespace() const override { return ""; }
-    void AccessProperty(int, bool, NxVariant&) override {}
-    CParentElementInfo* GetClassInfo() const override { return &m_info; }
-    CElementInfo** GetClassElementInfo() const override { return m_elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return m_attributes; }
-    void Init() override {}
-
-private:
-    mutable CParentElementInfo m_info{XmlElementGroupType_Sequence, XmlElementType_Element, "Bare", "", -1, true,
-                                      false};
-    mutable CElementInfo* m_elements[1] = {nullptr};
-    mutable CAttributeInfo* m_attributes[1] = {nullptr};
-};
-
 } // namespace
 
 TEST(GeneratedClassTables, CleanMetaDataDeletesParentThenElementsThenAttributesAndNullsTheReferences)
@@ -124,7 +106,9 @@ TEST(GeneratedClassTables, CleanMetaDataDeletesParentThenElementsThenAttributesA
 TEST(GeneratedClass, CountsEntriesAndFindsElementsInItsTable)
 {
     CSmartPtr<Person> person(new Person);
-    CSmartPtr<Bare> bare(new Bare);
+    // A class without child elements or attributes.
+    CSmartPtr<NxRoundTrip::TableClass> bare(
+        new NxRoundTrip::TableClass(std::make_shared<NxRoundTrip::Table>(XmlElementGroupType_Sequence), "Bare"));
     EXPECT_EQ(person->GetClassElementInfoCount(), 6);
     EXPECT_EQ(bare->GetClassElementInfoCount(), 0);
 
