@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 namespace NxTest {
@@ -38,21 +39,6 @@ CSmartPtr<Col> Make(const Facets& f = Facets(), const char* name = "v", const ch
                    f.minInclusive, f.maxInclusive, f.minExclusive, f.maxExclusive, f.length, f.whitespace,
                    f.format);
 }
-
-// Reaches the protected walks of any object, as the engine's records do.
-class Walks : public CountedObject {
-public:
-    static void Write(const CXmlObjectBase& object, CXmlWriter& writer,
-                      const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext)
-    {
-        CXmlObjectBase::ToXml_Int(&object, &writer, false, "", context, false);
-    }
-    static CXmlElement* Read(CXmlObjectBase& object, CXmlElement* cursor,
-                             const CXmlSerializationContext& context = CXmlSerializationContext::m_defaultContext)
-    {
-        return CXmlObjectBase::FromXml_Int(&object, nullptr, cursor, context);
-    }
-};
 
 // The collection written inside a root element <r>, as unformatted text.
 inline std::string WriteText(const CXmlObjectBase& collection,

@@ -1,22 +1,12 @@
-// Shared by the tests of untyped content: access to the protected walks of
-// any object, and a parsed document that keeps its elements alive.
+// Shared by the tests of untyped content: a parsed document that keeps its
+// elements alive.
 #pragma once
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 namespace NxTest {
-
-class Walks : public CountedObject {
-public:
-    static NxXmlLib9::CXmlElement* Read(NxXmlLib9::CXmlObjectBase* object, NxXmlLib9::CXmlElement* element,
-                                        NxXmlLib9::CXmlElement* cursor,
-                                        const NxXmlLib9::CXmlSerializationContext& context =
-                                            NxXmlLib9::CXmlSerializationContext::m_defaultContext)
-    {
-        return CXmlObjectBase::FromXml_Int(object, element, cursor, context);
-    }
-};
 
 struct Parsed {
     explicit Parsed(const char* xml, const NxXmlLib9::CXmlSerializationContext& context =
@@ -27,10 +17,6 @@ struct Parsed {
     }
     NxXmlLib9::CXmlElement* Root() const { return document.GetDocumentElement(); }
     NxXmlLib9::CXmlDocument document;
-};
-
-struct VersionRegistration {
-    VersionRegistration() { NxXmlLib9::RegisterGeneratorVersion(9, 0); }
 };
 
 } // namespace NxTest

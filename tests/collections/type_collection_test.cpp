@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 
 using namespace NxXmlLib9;
 
@@ -31,10 +32,6 @@ public:
 protected:
     void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}
 };
-
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
 
 } // namespace
 

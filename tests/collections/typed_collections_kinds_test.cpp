@@ -8,10 +8,6 @@ using namespace NxTest;
 
 namespace {
 
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
-
 // Adds the texts, checks the written XML and the item types, then reads the
 // XML into a fresh collection and checks that it writes the same again.
 template <class Col>

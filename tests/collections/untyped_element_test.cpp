@@ -11,7 +11,6 @@ using NxTest::Parsed;
 using NxTest::Walks;
 
 namespace {
-NxTest::VersionRegistration registerVersion;
 
 // Attribute names with namespaces, in order: "a=1{urn:x}".
 std::string Attributes(const CElement& element)

@@ -5,6 +5,7 @@
 
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 #include "TestObjects.h"
 
 using namespace NxXmlLib9;
@@ -57,10 +58,6 @@ std::string Names(const CXmlCollection& collection)
 }
 
 CountedObject* Named(const char* name, int* destroyed = nullptr) { return new CountedObject(destroyed, name); }
-
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
 
 } // namespace
 

@@ -16,32 +16,7 @@ const char* const MANDATORY_FIRST_TEXT =
     "you can not ignore both\nSet IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements "
     "to true";
 
-void ExpectDefaults(const CXmlSerializationContext& context)
-{
-    EXPECT_TRUE(context.GetStripCDATA());
-    EXPECT_TRUE(context.GetWriteTypeAttribute());
-    EXPECT_FALSE(context.GetIgnoreUnknownAttributes());
-    EXPECT_FALSE(context.GetIgnoreUnknownElements());
-    EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
-    EXPECT_FALSE(context.GetIgnoreMissingChoice());
-    EXPECT_FALSE(context.GetIgnoreInvalidCollectionCounts());
-    EXPECT_FALSE(context.GetIgnoreNamespaces());
-    EXPECT_FALSE(context.GetNoOptionalAttributeDefaultOutput());
-    EXPECT_EQ(SchemaTypeDefault, context.GetSchemaType());
-    EXPECT_EQ("", context.GetDefaultNamespaceURI());
-    EXPECT_EQ("", context.GetInLineSchema());
-    EXPECT_EQ(0, context.GetNamespaceAliases().GetNamespaceCount());
-    EXPECT_TRUE(context.GetProcessingInstructions().empty());
-    EXPECT_EQ(6u, context.GetFIContext().GetAttributeMaxAddLength());
-}
-
 } // namespace
-
-TEST(SerializationContext, FreshContextAndDefaultContextHoldTheDefaults)
-{
-    ExpectDefaults(CXmlSerializationContext());
-    ExpectDefaults(CXmlSerializationContext::m_defaultContext);
-}
 
 TEST(SerializationContext, UnknownAndMissingMandatoryExcludeEachOther)
 {

@@ -143,14 +143,20 @@ TEST(AttributeInfos, ARequiredAttributeIsRequiredUnderEveryOption)
 TEST(AttributeInfoAny, ARefusedNamespaceFailsWhateverTheContextSays)
 {
     CSmartPtr<Profile> profile(new Profile());
-    try {
-        profile->FromXml("<r:Profile xmlns:r=\"urn:rt\" r:own=\"1\"><r:Age>1</r:Age><r:Mood>red</r:Mood>"
-                         "<r:Home><Street>s</Street></r:Home><r:Bio/></r:Profile>",
-                         With(&CXmlSerializationContext::SetIgnoreUnknownAttributes));
-        ADD_FAILURE() << "no failure";
-    } catch (const CNxValidationException& failure) {
-        ASSERT_NE(failure.GetInnerException(), nullptr);
-        EXPECT_EQ(typeid(*failure.GetInnerException()), typeid(CNxInvalidNamespaceException));
+    const std::string refused = "Failed to process the element [Profile]\nInvalid namespace [urn:rt]. The namespace "
+                                "must be one of [##other] where the target namespace is [urn:rt]";
+    const CXmlSerializationContext lenient = With(&CXmlSerializationContext::SetIgnoreUnknownAttributes);
+    for (const CXmlSerializationContext* context : {&Default(), &lenient}) {
+        try {
+            profile->FromXml("<r:Profile xmlns:r=\"urn:rt\" r:own=\"1\"><r:Age>1</r:Age><r:Mood>red</r:Mood>"
+                             "<r:Home><Street>s</Street></r:Home><r:Bio/></r:Profile>",
+                             *context);
+            ADD_FAILURE() << "no failure";
+        } catch (const CNxValidationException& failure) {
+            EXPECT_EQ(failure.GetFullMessage(), refused);
+            ASSERT_NE(failure.GetInnerException(), nullptr);
+            EXPECT_EQ(typeid(*failure.GetInnerException()), typeid(CNxInvalidNamespaceException));
+        }
     }
 }
 

@@ -2,8 +2,6 @@
 // has the record, and on small tables where it has not.
 #include <gtest/gtest.h>
 
-#include <type_traits>
-
 #include "ExpectFailure.h"
 #include "NxXmlLib9.h"
 #include "TableClass.h"
@@ -38,6 +36,7 @@ TEST(SeqRecords, ReadingFailuresOfMandatoryRecordsAndSubstitution)
     };
     const Case cases[] = {
         // An unknown type fails the mandatory record whatever the options say.
+        {hexagon, &Default(), noSubstitute},
         {hexagon, &ignoreMissing, noSubstitute},
         {hexagon, &ignoreUnknown, noSubstitute},
         {Replace(kMinimal, "<Shape/>", ""), &Default(), noSubstitute},
@@ -203,18 +202,11 @@ TEST(SeqRecords, PseudoCollectionsPutTheirItemsAttributesOnTheParentsTag)
     EXPECT_EQ(holder->ToXml(false, false), "<r verified=\"true\"><Email>a</Email><Real kind=\"work\"/></r>");
 }
 
-TEST(SeqRecords, ValidateIsNeverToBeCalledAndTheClassTreeIsAsGeneratedTablesExpectIt)
+TEST(SeqRecords, ValidateIsNeverToBeCalled)
 {
-    static_assert(std::is_base_of_v<CElementInfoSeq, CElementInfoSeqNonCol>);
-    static_assert(std::is_base_of_v<CElementInfoSeqCol, CElementInfoSeqUntpdCol>);
-    static_assert(!std::is_base_of_v<CElementInfoSeqNonCol, CElementInfoSeqPrimMnd>);
-    static_assert(!std::is_abstract_v<CElementInfoSeqAbsClsOpt>);
     CSmartPtr<Person> p(new Person());
     CElementInfo** e = p->GetClassElementInfo();
-    for (int index = 0; e[index]; ++index) {
-        const bool collection = index >= Person::PPhone && index <= Person::PRaw;
-        EXPECT_EQ(dynamic_cast<CElementInfoSeqCol*>(e[index]) != nullptr, collection) << index;
+    for (int index = 0; e[index]; ++index)
         ExpectFailure<CNxException>([&] { e[index]->Validate(Default(), p, true, index % 2 == 0); },
                                     "Not implemented, should never be called");
-    }
 }

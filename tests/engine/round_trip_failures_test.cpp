@@ -76,20 +76,4 @@ TEST(RoundTripFailures, ReadingFailuresOfPseudoChildrenSubstitutionAndWildcards)
               }),
               "Failed to process the element [Person]\nFailed to process the element [Person]\nA Boolean Value read "
               "from an XML document was invalid [perhaps]. Valid values are 'true', 'false', '1', or '0'");
-    // A type that the factory does not know.
-    EXPECT_EQ(FailureOf([&] {
-                  p->FromXml("<Person id=\"1\" xmlns:i=\"http://www.w3.org/2001/XMLSchema-instance\"><Name>Bo</Name>"
-                             "<Address><Street>S</Street></Address><Email>e</Email><Shape i:type=\"Hexagon\"/>"
-                             "<Colour>red</Colour><x/></Person>");
-              }),
-              "Failed to process the element [Person]\nFailed to find a suitable substitution element for [Shape]");
-
-    // The wildcard of attributes refuses the class's own namespace.
-    CSmartPtr<Profile> profile(new Profile());
-    EXPECT_EQ(FailureOf([&] {
-                  profile->FromXml("<r:Profile xmlns:r=\"urn:rt\" r:own=\"1\"><r:Age>1</r:Age><r:Mood>red</r:Mood>"
-                                   "<r:Home><Street>s</Street></r:Home><r:Bio/></r:Profile>");
-              }),
-              "Failed to process the element [Profile]\nInvalid namespace [urn:rt]. The namespace must be one of "
-              "[##other] where the target namespace is [urn:rt]");
 }

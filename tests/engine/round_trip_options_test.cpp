@@ -51,14 +51,6 @@ TEST(RoundTripOptions, IgnoreMissingMandatoryElementsLeavesTheirFieldsUnset)
     // Written back, the unset mandatory value is left out.
     EXPECT_EQ(p->ToXml(false, false), noColour);
 
-    // An all group reports a missing mandatory element whatever the option.
-    CSmartPtr<Profile> profile(new Profile());
-    EXPECT_EQ(FailureOf([&] {
-                  profile->FromXml("<Profile xmlns=\"urn:rt\"><Home><Street xmlns=\"\">s</Street></Home>"
-                                   "<Bio/><Mood>red</Mood></Profile>",
-                                   lenient);
-              }),
-              "Failed to process the element [Profile]\nFailed to find the mandatory element [Age]");
 }
 
 TEST(RoundTripOptions, IgnoreMissingChoiceAcceptsAnEmptyChoiceOfCollections)

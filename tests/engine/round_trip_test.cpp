@@ -2,6 +2,8 @@
 // walks into a new object, and compared field by field and by a second write.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "NxXmlLib9.h"
 #include "TableClass.h"
 
@@ -243,59 +245,54 @@ TEST(RoundTripAll, UnderADefaultNamespaceUnqualifiedChildrenFallIntoIt)
 
 TEST(RoundTripChoice, EachSingleMemberAndTheUntypedCollection)
 {
-    std::vector<CSmartPtr<Pick>> picks;
-    for (int member = 0; member < 6; ++member) {
-        CSmartPtr<Pick> pick(new Pick());
-        switch (member) {
-        case Pick::PMemo:
-            pick->memo = new Memo();
-            pick->memo->ref = 5;
-            pick->memo->text = "words";
-            break;
-        case Pick::PShape: {
-            CSmartPtr<Circle> circle(new Circle("Shape"));
-            circle->size = 9;
-            pick->shape = circle;
-            break;
-        }
-        case Pick::PCode: pick->code = 12; break;
-        case Pick::PTone: pick->tone = 1; break;
-        case Pick::PBlob:
-            pick->blob = new CElement("Blob");
-            pick->blob->SetText("b");
-            break;
-        case Pick::PRaw:
-            pick->raw->Add("Raw", "")->SetText("1");
-            pick->raw->Add("Raw", "")->SetText("2");
-            break;
-        }
-        picks.push_back(pick);
-    }
-    const char* const expected[] = {
-        "<Pick><Memo><Ref>5</Ref>words</Memo></Pick>",
-        "",
-        "<Pick><Code>12</Code></Pick>",
-        "<Pick><Tone>green</Tone></Pick>",
-        "<Pick><Blob>b</Blob></Pick>",
-        "<Pick><Raw>1</Raw><Raw>2</Raw></Pick>",
+    const std::string circle = std::string("<Pick><Shape ") + kXsiType + "\"AA:Circle\"><Radius>9</Radius></Shape></Pick>";
+    const struct {
+        std::function<void(Pick&)> fill;
+        std::string expected;
+    } cases[] = {
+        {[](Pick& p) {
+             p.memo = new Memo();
+             p.memo->ref = 5;
+             p.memo->text = "words";
+         },
+         "<Pick><Memo><Ref>5</Ref>words</Memo></Pick>"},
+        {[](Pick& p) {
+             CSmartPtr<Circle> shape(new Circle("Shape"));
+             shape->size = 9;
+             p.shape = shape;
+         },
+         circle},
+        {[](Pick& p) { p.code = 12; }, "<Pick><Code>12</Code></Pick>"},
+        {[](Pick& p) { p.tone = 1; }, "<Pick><Tone>green</Tone></Pick>"},
+        {[](Pick& p) {
+             p.blob = new CElement("Blob");
+             p.blob->SetText("b");
+         },
+         "<Pick><Blob>b</Blob></Pick>"},
+        {[](Pick& p) {
+             p.raw->Add("Raw", "")->SetText("1");
+             p.raw->Add("Raw", "")->SetText("2");
+         },
+         "<Pick><Raw>1</Raw><Raw>2</Raw></Pick>"},
+        // Only the first member that has something is written.
+        {[](Pick& p) {
+             p.code = 12;
+             p.tone = 2;
+         },
+         "<Pick><Code>12</Code></Pick>"},
+        // An empty choice of optional members is no failure either way.
+        {[](Pick&) {}, "<Pick/>"},
     };
-    for (int member = 0; member < 6; ++member) {
-        SCOPED_TRACE(member);
-        if (member != Pick::PShape) {
-            EXPECT_EQ(picks[member]->ToXml(false, false), expected[member]);
-        }
-        ExpectRoundTrip(*picks[member], Default(), Default(), member != Pick::PMemo);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.expected);
+        CSmartPtr<Pick> pick(new Pick());
+        c.fill(*pick);
+        EXPECT_EQ(pick->ToXml(false, false), c.expected);
+        // Formatted output indents around the memo's text, which then reads
+        // back changed.
+        if (!(pick->code && pick->tone))
+            ExpectRoundTrip(*pick, Default(), Default(), !pick->memo);
     }
-    EXPECT_EQ(picks[Pick::PShape]->ToXml(false, false),
-              std::string("<Pick><Shape ") + kXsiType + "\"AA:Circle\"><Radius>9</Radius></Shape></Pick>");
-
-    // Only the first member that has something is written.
-    picks[Pick::PCode]->tone = 2;
-    EXPECT_EQ(picks[Pick::PCode]->ToXml(false, false), "<Pick><Code>12</Code></Pick>");
-    // An empty choice of optional members is no failure either way.
-    CSmartPtr<Pick> empty(new Pick());
-    EXPECT_EQ(empty->ToXml(false, false), "<Pick/>");
-    ExpectRoundTrip(*empty);
 }
 
 TEST(RoundTripChoice, AChoiceOfCollections)

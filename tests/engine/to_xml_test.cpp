@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "NxXmlLib9.h"
+#include "RegisterVersion.h"
 
 using namespace NxXmlLib9;
 
 namespace {
-
-struct VersionRegistration {
-    VersionRegistration() { RegisterGeneratorVersion(9, 0); }
-} registerVersion;
 
 // Writes a root with one child. What the walk receives is recorded, so the
 // test sees the arguments the entry passes down.

@@ -10,67 +10,35 @@
 
 namespace NxTest {
 
-// The repeating Person element of the root: writes each record, and makes
-// one Person per element of that name when reading.
-class PersonCol : public NxXmlLib9::CXmlCollection {
+// The root People holds a repeating Person element.
+class People : public Generated<People> {
 public:
-    PersonCol() : CXmlCollection("Person", kPersonNamespace, 0, -1) {}
-
-protected:
-    void ToXml_Int(NxXmlLib9::CXmlWriter* writer, bool, const char* elementNamespace,
-                   const NxXmlLib9::CXmlSerializationContext& context, bool) const override
-    {
-        for (NxXmlLib9::CNode* node = begin(); node != end(); node = node->next)
-            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
-    }
-    NxXmlLib9::CXmlElement* FromXml_Int(NxXmlLib9::CXmlElement*, NxXmlLib9::CXmlElement* cursor,
-                                        const NxXmlLib9::CXmlSerializationContext& context, bool) override
-    {
-        for (; cursor && DoesElementNameMatch(context, cursor, "Person", kPersonNamespace);
-             cursor = cursor->GetNextSiblingElement()) {
-            NxXmlLib9::CSmartPtr<Person> person(new Person(cursor->GetLocalName().c_str()));
-            CXmlObjectBase::FromXml_Int(person, cursor, cursor->GetFirstElement(), context);
-            AppendItem(person);
-        }
-        return cursor;
-    }
-};
-
-class People : public NxXmlLib9::CXmlGeneratedClass {
-public:
-    using Tables = ClassTables<People>;
-
-    People()
-    {
-        SetElementName("People");
-        Init();
-    }
-    NxXmlLib9::CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return kPersonNamespace; }
-    std::string GetNamespace() const override { return kPersonNamespace; }
+    static constexpr const char* kNamespace = kPersonNamespace;
+    People() { SetElementName("People"); Init(); }
     void AccessProperty(int index, bool, NxXmlLib9::NxVariant& value) override
     {
         if (index == 0)
             value.SetXmlCollection(Persons);
     }
-    CParentElementInfo* GetClassInfo() const override { return Tables::Ensure(), Tables::info; }
-    CElementInfo** GetClassElementInfo() const override { return Tables::Ensure(), Tables::elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return Tables::Ensure(), Tables::attributes; }
-    void Init() override { Persons = new PersonCol; }
+    void Init() override { Persons = new NxGenerated::ObjectCol("Person", kPersonNamespace, 0, -1, &MakePerson); }
 
-    static void BuildTables(CParentElementInfo*& info, CElementInfo**& elements, CAttributeInfo**& attributes)
+    static NxXmlLib9::CSmartPtr<NxXmlLib9::CXmlObjectBase> MakePerson(NxXmlLib9::CXmlElement* element)
     {
-        using namespace NxXmlLib9Data;
-        info = new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "People", kPersonNamespace,
-                                      -1, true, false);
-        elements = new CElementInfo*[2];
-        elements[0] = new CElementInfoSeqClsCol("Person", kPersonNamespace, 0, XmlElementType_Element);
-        elements[1] = nullptr;
-        attributes = new CAttributeInfo*[1];
-        attributes[0] = nullptr;
+        return new Person(element->GetLocalName().c_str());
+    }
+    static CParentElementInfo* MakeInfo()
+    {
+        return new CParentElementInfo(NxXmlLib9Data::XmlElementGroupType_Sequence,
+                                      NxXmlLib9Data::XmlElementType_Element, "People", kPersonNamespace, -1, true,
+                                      false);
+    }
+    static std::vector<CElementInfo*> MakeElements()
+    {
+        return {new NxXmlLib9Data::CElementInfoSeqClsCol("Person", kPersonNamespace, 0,
+                                                         NxXmlLib9Data::XmlElementType_Element)};
     }
 
-    NxXmlLib9::CSmartPtr<PersonCol> Persons;
+    NxXmlLib9::CSmartPtr<NxGenerated::ObjectCol> Persons;
 };
 
 // count records of about 400 bytes of XML text each, every entry kind filled.

@@ -31,7 +31,7 @@
 #include <string>
 #include <vector>
 
-#include "NxXmlLib9.h"
+#include "GeneratedTestBase.h"
 
 namespace NxRoundTrip {
 
@@ -41,144 +41,37 @@ using namespace NxXmlLib9Data;
 inline const char* const kRtNs = "urn:rt";
 inline const char* const kShapesNs = "urn:shapes";
 
+using NxGenerated::Access;
+using NxGenerated::AccessCollection;
+using NxGenerated::AccessNth;
+using NxGenerated::AccessObject;
+using NxGenerated::ResetAll;
+using NxGenerated::Generated;
+using NxGenerated::ObjectCol;
+
 // ---- Enumerations --------------------------------------------------------
 
+inline const char* const kColours[] = {"red", "green", "blue"};
+inline const char* const kKinds[] = {"home", "work"};
+inline const char* const kLevels[] = {"low", "high"};
 inline const char* ColourToText(int value)
 {
-    static const char* const names[] = {"red", "green", "blue"};
-    if (value < 0 || value > 2)
-        throw CNxInvalidValueException(FormatString("No colour has the number %d", value));
-    return names[value];
+    return NxGenerated::EnumToText(kColours, value, "No colour has the number ");
 }
 inline int ColourFromText(const char* text)
 {
-    for (int i = 0; i < 3; ++i)
-        if (std::string(text) == ColourToText(i))
-            return i;
-    throw CNxInvalidValueException(FormatString("[%s] is not a colour", text));
+    return NxGenerated::EnumFromText(kColours, text, "[", "] is not a colour");
 }
-inline const char* KindToText(int value) { return value == 0 ? "home" : "work"; }
+inline const char* KindToText(int value) { return NxGenerated::EnumToText(kKinds, value, "No kind has the number "); }
 inline int KindFromText(const char* text)
 {
-    if (std::string(text) == "home")
-        return 0;
-    if (std::string(text) == "work")
-        return 1;
-    throw CNxInvalidValueException(FormatString("[%s] is not a kind of address", text));
+    return NxGenerated::EnumFromText(kKinds, text, "[", "] is not a kind of address");
 }
-inline const char* LevelToText(int value) { return value == 0 ? "low" : "high"; }
-inline int LevelFromText(const char* text)
+inline const char* LevelToText(int value)
 {
-    if (std::string(text) == "low")
-        return 0;
-    if (std::string(text) == "high")
-        return 1;
-    throw CNxInvalidValueException(FormatString("[%s] is not a level", text));
+    return NxGenerated::EnumToText(kLevels, value, "No level has the number ");
 }
-
-// ---- Property access, as generated setters and getters do it ---------------
-
-inline void Access(std::optional<std::string>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetString(*field);
-    } else if (value.IsValid()) {
-        field = value.GetString();
-    } else {
-        field.reset();
-    }
-}
-// Integers and enumeration numbers.
-inline void Access(std::optional<long>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetI4(*field);
-    } else if (value.IsValid()) {
-        field = value.GetI4();
-    } else {
-        field.reset();
-    }
-}
-inline void Access(std::optional<double>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetR8(*field);
-    } else {
-        field = value.GetR8();
-    }
-}
-inline void Access(std::optional<bool>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        if (field)
-            value.SetBoolean(*field);
-    } else {
-        field = value.GetBoolean();
-    }
-}
-template <class T>
-void AccessObject(CSmartPtr<T>& field, bool read, NxVariant& value)
-{
-    if (read) {
-        value.SetXmlObject(static_cast<T*>(field));
-        return;
-    }
-    CSmartPtr<CXmlObjectBase> object = value.GetXmlObject();
-    field = object ? dynamic_cast<T*>(static_cast<CXmlObjectBase*>(object)) : nullptr;
-}
-template <class T>
-void AccessCollection(const CSmartPtr<T>& field, NxVariant& value)
-{
-    value.SetXmlCollection(static_cast<T*>(field));
-}
-
-// ---- Records, built once per class ----------------------------------------
-
-// What every class below shares: the three lazily built tables, taken down
-// at exit, and the answers to who the object is. Derived supplies
-// MakeInfo(), MakeElements() and MakeAttributes() and its namespace.
-template <class Derived>
-class Generated : public CXmlGeneratedClass {
-public:
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return Derived::kNamespace; }
-    std::string GetNamespace() const override { return Derived::kNamespace; }
-    CParentElementInfo* GetClassInfo() const override { return Tables().info; }
-    CElementInfo** GetClassElementInfo() const override { return Tables().elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return Tables().attributes; }
-
-private:
-    struct Records {
-        CParentElementInfo* info = nullptr;
-        CElementInfo** elements = nullptr;
-        CAttributeInfo** attributes = nullptr;
-        ~Records() { CleanMetaData(info, elements, attributes); }
-    };
-    template <class Record>
-    static Record** Terminated(const std::vector<Record*>& records)
-    {
-        Record** array = new Record*[records.size() + 1];
-        for (size_t i = 0; i < records.size(); ++i)
-            array[i] = records[i];
-        array[records.size()] = nullptr;
-        return array;
-    }
-    static const Records& Tables()
-    {
-        static Records records;
-        m_csInit.Enter();
-        if (!records.info) {
-            records.info = Derived::MakeInfo();
-            records.elements = Terminated(Derived::MakeElements());
-            records.attributes = Terminated(Derived::MakeAttributes());
-        }
-        m_csInit.Leave();
-        return records;
-    }
-};
+inline int LevelFromText(const char* text) { return NxGenerated::EnumFromText(kLevels, text, "[", "] is not a level"); }
 
 inline const CPrimitiveRestrictions kNoFacets;
 inline const CWhitespaceUtils::WhitespaceRule kCollapse = CWhitespaceUtils::WhitespaceRuleCollapse;
@@ -190,45 +83,6 @@ CSmartPtr<CXmlObjectBase> MakeByNumber(int classNumber, const char* elementName)
 CSmartPtr<CXmlObjectBase> MakeShape(CXmlElement* element);
 
 // ---- Collections of generated code ------------------------------------------
-
-// A repeated child object; each item is made by the factory from its element,
-// so that substitution works per item.
-class ObjectCol : public CXmlCollection {
-public:
-    ObjectCol(const char* name, const char* ns, int minOccurs, int maxOccurs,
-              CSmartPtr<CXmlObjectBase> (*make)(CXmlElement*))
-        : CXmlCollection(name, ns, minOccurs, maxOccurs), m_make(make)
-    {
-    }
-    template <class T> T* At(int index) const
-    {
-        return dynamic_cast<T*>(static_cast<CXmlObjectBase*>(GetNodeAtIndex(index)->item));
-    }
-
-protected:
-    void ToXml_Int(CXmlWriter* writer, bool, const char* elementNamespace, const CXmlSerializationContext& context,
-                   bool) const override
-    {
-        for (CNode* node = begin(); node != end(); node = node->next)
-            CXmlObjectBase::ToXml_Int(node->item, writer, false, elementNamespace, context, false);
-    }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* cursor, const CXmlSerializationContext& context,
-                             bool) override
-    {
-        for (; cursor && CXmlObjectHelper::DoesElementNameMatch(context, cursor, GetElementName(), GetNamespace());
-             cursor = cursor->GetNextSiblingElement()) {
-            CSmartPtr<CXmlObjectBase> item = m_make(cursor);
-            if (!item)
-                break;
-            CXmlObjectBase::FromXml_Int(item, cursor, cursor->GetFirstElement(), context);
-            AppendItem(item);
-        }
-        return cursor;
-    }
-
-private:
-    CSmartPtr<CXmlObjectBase> (*m_make)(CXmlElement*);
-};
 
 // A repeated colour, held as numbers.
 class ColourCol : public CXmlTypeCollection {
@@ -280,7 +134,6 @@ std::string DumpStrings(const CstringCol* col);
 
 class Geo : public Generated<Geo> {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Geo(const char* name = "Geo") { SetElementName(name); Init(); }
     void Init() override { lat.reset(); }
     void AccessProperty(int index, bool read, NxVariant& value) override
@@ -300,33 +153,24 @@ public:
         return {new CElementInfoSeqPrimMnd("Lat", "", 0, ItemTypeR8, nullptr, kCollapse,
                                            CPrimitiveRestrictions(nullptr, -1, -1, "-90", "90", nullptr, nullptr, -1))};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<double> lat;
 };
 
 class Address : public Generated<Address>, public INillable {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Address(const char* name = "Address") { SetElementName(name); Init(); }
     void Init() override
     {
         nil = false;
-        street.reset();
-        city.reset();
+        ResetAll(street, city, kind);
         geo = nullptr;
-        kind.reset();
     }
     bool IsNil() const override { return nil; }
     void SetNil(bool value) override { nil = value; }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case 0: Access(street, read, value); break;
-        case 1: Access(city, read, value); break;
-        case 2: AccessObject(geo, read, value); break;
-        case 3: Access(kind, read, value); break;
-        }
+        AccessNth(index, read, value, street, city, geo, kind);
     }
     std::string Dump() const
     {
@@ -361,18 +205,10 @@ public:
 template <class Derived>
 class ShapeOf : public Generated<Derived> {
 public:
-    static constexpr const char* kNamespace = "";
-    void Init() override
-    {
-        label.reset();
-        size.reset();
-    }
+    void Init() override { ResetAll(label, size); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        if (index == 0)
-            Access(label, read, value);
-        else
-            Access(size, read, value);
+        AccessNth(index, read, value, label, size);
     }
     std::string Dump() const
     {
@@ -392,7 +228,6 @@ public:
                 new CElementInfoSeqPrimMnd(Derived::kSize, "", 1, ItemTypeI4, nullptr, kCollapse, kNoFacets));
         return records;
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<std::string> label;
     std::optional<long> size;
@@ -431,21 +266,11 @@ inline std::string DumpShape(const CXmlObjectBase* shape)
 // A nested sequence without an element of its own.
 class Contact : public Generated<Contact> {
 public:
-    static constexpr const char* kNamespace = "";
     Contact() { SetElementName("Contact"); Init(); }
-    void Init() override
-    {
-        email.reset();
-        fax.reset();
-        verified.reset();
-    }
+    void Init() override { ResetAll(email, fax, verified); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case 0: Access(email, read, value); break;
-        case 1: Access(fax, read, value); break;
-        case 2: Access(verified, read, value); break;
-        }
+        AccessNth(index, read, value, email, fax, verified);
     }
     std::string Dump() const
     {
@@ -474,19 +299,11 @@ public:
 // A nested choice without an element of its own.
 class Pay : public Generated<Pay> {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Pay(const char* name = "Pay") { SetElementName(name); Init(); }
-    void Init() override
-    {
-        card.reset();
-        coin.reset();
-    }
+    void Init() override { ResetAll(card, coin); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        if (index == 0)
-            Access(card, read, value);
-        else
-            Access(coin, read, value);
+        AccessNth(index, read, value, card, coin);
     }
     std::string Dump() const { return "Pay{card=" + Show(card) + " coin=" + Show(coin) + "}"; }
     static CParentElementInfo* MakeInfo()
@@ -499,7 +316,6 @@ public:
         return {new CElementInfoChoicePrimOpt("Card", "", 0, ItemTypeString, nullptr, kCollapse, kNoFacets),
                 new CElementInfoChoiceEnumOpt("Coin", "", 1, &ColourToText, &ColourFromText)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<std::string> card;
     std::optional<long> coin;
@@ -507,7 +323,6 @@ public:
 
 class Person : public Generated<Person> {
 public:
-    static constexpr const char* kNamespace = "";
     enum {
         PName, PNick, PAddress, PBilling, PContact, PPay, PShape, PSpare, PColour, PShade, PPhone, PTag, PItem,
         PFigure, PRaw, PNote, PAny, PId, PLevel
@@ -515,49 +330,21 @@ public:
     Person() { SetElementName("Person"); Init(); }
     void Init() override
     {
-        name.reset();
-        nick.reset();
+        ResetAll(name, nick, colour, shade, id, level);
         address = new Address("Address");
-        billing = nullptr;
         contact = new Contact();
-        pay = nullptr;
-        shape = nullptr;
-        spare = nullptr;
-        colour.reset();
-        shade.reset();
+        billing = nullptr, pay = nullptr, shape = nullptr, spare = nullptr, note = nullptr;
         phone = NewStringCol("Phone", 0, 3);
         tag = new ColourCol("Tag", 0, -1);
         item = new ObjectCol("Item", "", 0, -1, &MakeAddress);
         figure = new ObjectCol("Figure", "", 0, -1, &MakeShape);
         raw = new CElementCol("", "##any", "", 0, -1);
-        note = nullptr;
         any = new CElement("any", "", "##any", "");
-        id.reset();
-        level.reset();
     }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PName: Access(name, read, value); break;
-        case PNick: Access(nick, read, value); break;
-        case PAddress: AccessObject(address, read, value); break;
-        case PBilling: AccessObject(billing, read, value); break;
-        case PContact: AccessObject(contact, read, value); break;
-        case PPay: AccessObject(pay, read, value); break;
-        case PShape: AccessObject(shape, read, value); break;
-        case PSpare: AccessObject(spare, read, value); break;
-        case PColour: Access(colour, read, value); break;
-        case PShade: Access(shade, read, value); break;
-        case PPhone: AccessCollection(phone, value); break;
-        case PTag: AccessCollection(tag, value); break;
-        case PItem: AccessCollection(item, value); break;
-        case PFigure: AccessCollection(figure, value); break;
-        case PRaw: AccessCollection(raw, value); break;
-        case PNote: AccessObject(note, read, value); break;
-        case PAny: AccessObject(any, read, value); break;
-        case PId: Access(id, read, value); break;
-        case PLevel: Access(level, read, value); break;
-        }
+        AccessNth(index, read, value, name, nick, address, billing, contact, pay, shape, spare, colour, shade, phone,
+                  tag, item, figure, raw, note, any, id, level);
     }
     std::string Dump() const
     {
@@ -647,31 +434,15 @@ public:
     Profile() { SetElementName("Profile"); Init(); }
     void Init() override
     {
-        age.reset();
-        email.reset();
-        mood.reset();
-        shade.reset();
+        ResetAll(age, email, mood, shade, since);
         home = new Address("Home");
-        work = nullptr;
         bio = new CElement("Bio", kRtNs, "##any", kRtNs);
-        misc = nullptr;
-        since.reset();
+        work = nullptr, misc = nullptr;
         anyAttributes = new CAttributeCol("", "##other", kRtNs);
     }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PAge: Access(age, read, value); break;
-        case PEmail: Access(email, read, value); break;
-        case PMood: Access(mood, read, value); break;
-        case PShade: Access(shade, read, value); break;
-        case PHome: AccessObject(home, read, value); break;
-        case PWork: AccessObject(work, read, value); break;
-        case PBio: AccessObject(bio, read, value); break;
-        case PMisc: AccessObject(misc, read, value); break;
-        case PSince: Access(since, read, value); break;
-        case PAnyAttributes: AccessCollection(anyAttributes, value); break;
-        }
+        AccessNth(index, read, value, age, email, mood, shade, home, work, bio, misc, since, anyAttributes);
     }
     std::string Dump() const
     {
@@ -720,19 +491,11 @@ public:
 // Text content beside a child element.
 class Memo : public Generated<Memo> {
 public:
-    static constexpr const char* kNamespace = "";
     explicit Memo(const char* name = "Memo") { SetElementName(name); Init(); }
-    void Init() override
-    {
-        ref.reset();
-        text.reset();
-    }
+    void Init() override { ResetAll(ref, text); }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        if (index == 0)
-            Access(ref, read, value);
-        else
-            Access(text, read, value);
+        AccessNth(index, read, value, ref, text);
     }
     std::string Dump() const { return GetElementName() + "{ref=" + Show(ref) + " text=" + Show(text) + "}"; }
     static CParentElementInfo* MakeInfo()
@@ -744,7 +507,6 @@ public:
     {
         return {new CElementInfoSeqPrimOpt("Ref", "", 0, ItemTypeI4, nullptr, kCollapse, kNoFacets)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     std::optional<long> ref;
     std::optional<std::string> text;
@@ -753,28 +515,17 @@ public:
 // A choice of single members and one untyped collection.
 class Pick : public Generated<Pick> {
 public:
-    static constexpr const char* kNamespace = "";
     enum { PMemo, PShape, PCode, PTone, PBlob, PRaw };
     Pick() { SetElementName("Pick"); Init(); }
     void Init() override
     {
-        memo = nullptr;
-        shape = nullptr;
-        code.reset();
-        tone.reset();
-        blob = nullptr;
+        ResetAll(code, tone);
+        memo = nullptr, shape = nullptr, blob = nullptr;
         raw = new CElementCol("", "##any", "", 0, -1);
     }
     void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PMemo: AccessObject(memo, read, value); break;
-        case PShape: AccessObject(shape, read, value); break;
-        case PCode: Access(code, read, value); break;
-        case PTone: Access(tone, read, value); break;
-        case PBlob: AccessObject(blob, read, value); break;
-        case PRaw: AccessCollection(raw, value); break;
-        }
+        AccessNth(index, read, value, memo, shape, code, tone, blob, raw);
     }
     std::string Dump() const
     {
@@ -798,7 +549,6 @@ public:
                 new CElementInfoChoiceUntpdOpt("Blob", "", PBlob, "##any", ""),
                 new CElementInfoChoiceUntpdCol("Raw", "", PRaw)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     CSmartPtr<Memo> memo;
     CSmartPtr<CXmlGeneratedClass> shape;
@@ -811,7 +561,6 @@ public:
 // empty choice is a failure.
 class Bunch : public Generated<Bunch> {
 public:
-    static constexpr const char* kNamespace = "";
     enum { PPlace, PForm, PWord, PHue };
     Bunch() { SetElementName("Bunch"); Init(); }
     void Init() override
@@ -821,14 +570,9 @@ public:
         word = NewStringCol("Word", 1, 3);
         hue = new ColourCol("Hue", 1, -1);
     }
-    void AccessProperty(int index, bool, NxVariant& value) override
+    void AccessProperty(int index, bool read, NxVariant& value) override
     {
-        switch (index) {
-        case PPlace: AccessCollection(place, value); break;
-        case PForm: AccessCollection(form, value); break;
-        case PWord: AccessCollection(word, value); break;
-        case PHue: AccessCollection(hue, value); break;
-        }
+        AccessNth(index, read, value, place, form, word, hue);
     }
     std::string Dump() const
     {
@@ -855,7 +599,6 @@ public:
                 new CElementInfoChoicePrimCol("Word", "", PWord),
                 new CElementInfoChoiceEnumCol("Hue", "", PHue)};
     }
-    static std::vector<CAttributeInfo*> MakeAttributes() { return {}; }
 
     CSmartPtr<ObjectCol> place, form;
     CSmartPtr<CstringCol> word;

@@ -135,9 +135,4 @@ inline CXmlSerializationContext With(void (CXmlSerializationContext::*set)(bool)
     return context;
 }
 
-struct RegisterVersionOnce {
-    RegisterVersionOnce() { RegisterGeneratorVersion(9, 0); }
-};
-inline RegisterVersionOnce registerVersionOnce;
-
 } // namespace NxRoundTrip

@@ -1,5 +1,5 @@
-// Small bound classes for tests: a leaf object that counts its destruction
-// and a collection that holds nothing.
+// Small bound classes for tests: a leaf object that counts its destruction,
+// a collection that holds nothing, and access to the protected walks.
 #pragma once
 
 #include "NxXmlLib9.h"
@@ -55,6 +55,28 @@ protected:
                                         const NxXmlLib9::CXmlSerializationContext&, bool) override
     {
         return cursor;
+    }
+};
+
+// Reaches the protected walks of any object, as the engine's records do.
+class Walks : public CountedObject {
+public:
+    using Context = NxXmlLib9::CXmlSerializationContext;
+    static void Write(const CXmlObjectBase& object, NxXmlLib9::CXmlWriter& writer,
+                      const Context& context = Context::m_defaultContext)
+    {
+        CXmlObjectBase::ToXml_Int(&object, &writer, false, "", context, false);
+    }
+    static NxXmlLib9::CXmlElement* Read(CXmlObjectBase& object, NxXmlLib9::CXmlElement* cursor,
+                                        const Context& context = Context::m_defaultContext)
+    {
+        return CXmlObjectBase::FromXml_Int(&object, nullptr, cursor, context);
+    }
+    static NxXmlLib9::CXmlElement* Read(CXmlObjectBase* object, NxXmlLib9::CXmlElement* element,
+                                        NxXmlLib9::CXmlElement* cursor,
+                                        const Context& context = Context::m_defaultContext)
+    {
+        return CXmlObjectBase::FromXml_Int(object, element, cursor, context);
     }
 };
 
