@@ -28,54 +28,29 @@ void ExpectMatches(std::initializer_list<RegExCase> cases)
 TEST(RegExMatch, XsdPatternsAgainstValues)
 {
     ExpectMatches({
-        {"\\d+", "123", true},
-        {"\\d+", "123a", false},
-        {"[A-Z]{2}-\\d{3}", "AB-123", true},
+        {"\\d+", "123", true}, {"\\d+", "123a", false}, {"[A-Z]{2}-\\d{3}", "AB-123", true},
         // \i: a letter, underscore or colon, never a digit or a dot; \I:
         // exactly the non-word characters and the digits.
-        {"\\i\\c*", "a1", true},
-        {"\\i\\c*", "1a", false},
-        {"\\i", ":", true},
-        {"\\i", "_", true},
-        {"\\i", ".", false},
-        {"\\I", "7", true},
-        {"\\I", " ", true},
-        {"\\I", "x", false},
+        {"\\i\\c*", "a1", true}, {"\\i\\c*", "1a", false}, {"\\i", ":", true}, {"\\i", "_", true},
+        {"\\i", ".", false}, {"\\I", "7", true}, {"\\I", " ", true}, {"\\I", "x", false},
         // \c: word characters plus '.', '-' and ':'; \C: anything but those.
-        {"\\c+", "a.b-c:d_9", true},
-        {"\\c", " ", false},
-        {"\\C", " ", true},
-        {"\\C", "-", false},
+        {"\\c+", "a.b-c:d_9", true}, {"\\c", " ", false}, {"\\C", " ", true}, {"\\C", "-", false},
         {"\\C", ":", false},
         // [\c] becomes [(\w|\.|-|:)]: a class that also holds the
         // parentheses and the bar of the replacement.
-        {"[\\c]", "(", true},
-        {"[\\c]", "|", true},
-        {"[\\c]", "a", true},
+        {"[\\c]", "(", true}, {"[\\c]", "|", true}, {"[\\c]", "a", true},
         // An escaped backslash is kept: a\\b is not a\ and \b, and \\i is
         // a backslash and the letter i.
-        {"a\\\\b", "a\\b", true},
-        {"a\\\\b", "ab", false},
-        {"\\\\i", "\\i", true},
-        {"\\\\i", "a", false},
+        {"a\\\\b", "a\\b", true}, {"a\\\\b", "ab", false}, {"\\\\i", "\\i", true}, {"\\\\i", "a", false},
         {"\\\\\\i", "\\x", true},
         // Byte 1 in a pattern becomes an escaped backslash.
-        {"a\x01", "a\\", true},
-        {"a\x01", "a\x01", false},
+        {"a\x01", "a\\", true}, {"a\x01", "a\x01", false},
         // The whole value must match from the start, and the first
         // alternative that matches a prefix wins.
-        {"a|ab", "ab", false},
-        {"ab|a", "ab", true},
-        {"a|ab", "a", true},
-        {"a", "ab", false},
-        {"b", "ab", false},
-        {"\\d", "x1", false},
-        {"", "", true},
-        {"", "a", false},
-        {"a*", "", true},
+        {"a|ab", "ab", false}, {"ab|a", "ab", true}, {"a|ab", "a", true}, {"a", "ab", false}, {"b", "ab", false},
+        {"\\d", "x1", false}, {"", "", true}, {"", "a", false}, {"a*", "", true},
         // The subject ends at its first zero byte.
-        {"a", std::string("a\0b", 3), true},
-        {"a.b", std::string("a\0b", 3), false},
+        {"a", std::string("a\0b", 3), true}, {"a.b", std::string("a\0b", 3), false},
         {"(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)(k)(l)", "abcdefghijkl", true},
         {"((a)|(b))+", "abba", true},
     });
@@ -92,9 +67,7 @@ TEST(RegExMatch, NonAsciiByCodePoint)
         {"\\p{IsLatinExtended-A}", "\xC4\x80", true},    // U+0100
         {"\\p{IsLatinExtended-A}", "\xC5\xBF", true},    // U+017F
         {"\\p{IsLatinExtended-A}", "\xC6\x80", false},   // U+0180
-        {".", "\xC3\xA9", true},
-        {"..", "\xC3\xA9", false},
-        {"caf\xC3\xA9", "caf\xC3\xA9", true},
+        {".", "\xC3\xA9", true}, {"..", "\xC3\xA9", false}, {"caf\xC3\xA9", "caf\xC3\xA9", true},
     });
 }
 

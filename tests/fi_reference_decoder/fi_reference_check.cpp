@@ -193,31 +193,13 @@ struct TypedValue {
     const char* text;
 };
 const TypedValue kTypedValues[] = {
-    {ItemTypeHexBinary, "00FF10"},
-    {ItemTypeBase64Binary, "AQIDBA=="},
-    {ItemTypeI1, "-5"},
-    {ItemTypeI2, "-300"},
-    {ItemTypeI4, "42"},
-    {ItemTypeI8, "-9000000000"},
-    {ItemTypeUI1, "200"},
-    {ItemTypeUI2, "60000"},
-    {ItemTypeUI4, "4000000000"},
-    {ItemTypeUI8, "123456789"},
-    {ItemTypeR4, "1.5"},
-    {ItemTypeR8, "-2.25"},
-    {ItemTypeDuration, "P1DT2H"},
-    {ItemTypeYearMonth, "2024-05"},
-    {ItemTypeMonthDay, "--05-17"},
-    {ItemTypeYear, "2024"},
-    {ItemTypeMonth, "--05"},
-    {ItemTypeDay, "---17"},
-    {ItemTypeDate, "2024-05-17"},
-    {ItemTypeDateTime, "2024-05-17T10:20:30Z"},
-    {ItemTypeTime, "10:20:30"},
-    {ItemTypeString, "text"},
-    {ItemTypeBoolean, "true"},
-    {ItemTypeDecimal, "-12.5"},
-    {ItemTypeInteger, "123456789012345678901234567890"},
+    {ItemTypeHexBinary, "00FF10"}, {ItemTypeBase64Binary, "AQIDBA=="}, {ItemTypeI1, "-5"}, {ItemTypeI2, "-300"},
+    {ItemTypeI4, "42"}, {ItemTypeI8, "-9000000000"}, {ItemTypeUI1, "200"}, {ItemTypeUI2, "60000"},
+    {ItemTypeUI4, "4000000000"}, {ItemTypeUI8, "123456789"}, {ItemTypeR4, "1.5"}, {ItemTypeR8, "-2.25"},
+    {ItemTypeDuration, "P1DT2H"}, {ItemTypeYearMonth, "2024-05"}, {ItemTypeMonthDay, "--05-17"},
+    {ItemTypeYear, "2024"}, {ItemTypeMonth, "--05"}, {ItemTypeDay, "---17"}, {ItemTypeDate, "2024-05-17"},
+    {ItemTypeDateTime, "2024-05-17T10:20:30Z"}, {ItemTypeTime, "10:20:30"}, {ItemTypeString, "text"},
+    {ItemTypeBoolean, "true"}, {ItemTypeDecimal, "-12.5"}, {ItemTypeInteger, "123456789012345678901234567890"},
 };
 
 // The kinds that the suggested encodings turn into algorithms or alphabets

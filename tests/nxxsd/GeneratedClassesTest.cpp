@@ -308,14 +308,10 @@ struct Case {
 };
 
 const Case kCases[] = {
-    {"Library", "basics.xsd", FullLibrary},
-    {"Primitives", "basics.xsd", FullPrimitives},
-    {"Drawing", "structure.xsd", FullDrawing},
-    {"Palette", "structure.xsd", FullPalette},
-    {"Folder", "structure.xsd", FullFolder},
-    {"Order", "orders/orders.xsd", FullOrder},
-    {"NamingItem", "naming.xsd", FullNamingItem},
-    {"Invoice", "invoice/invoice.xsd", FullInvoice},
+    {"Library", "basics.xsd", FullLibrary}, {"Primitives", "basics.xsd", FullPrimitives},
+    {"Drawing", "structure.xsd", FullDrawing}, {"Palette", "structure.xsd", FullPalette},
+    {"Folder", "structure.xsd", FullFolder}, {"Order", "orders/orders.xsd", FullOrder},
+    {"NamingItem", "naming.xsd", FullNamingItem}, {"Invoice", "invoice/invoice.xsd", FullInvoice},
     {"TaxInvoice", "invoice/invoice.xsd", FullTaxInvoice},
 };
 

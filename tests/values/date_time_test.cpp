@@ -30,16 +30,11 @@ TEST(DateTimeParseTest, DateFormsAreRecognisedByLength)
         CDateTime::DTType type;
         const char* printed;
     } cases[] = {
-        {"2000-02-29", CDateTime::dt_date, "2000-02-29"},
-        {"2024-05", CDateTime::dt_gYearMonth, "2024-05"},
-        {"2024", CDateTime::dt_gYear, "2024"},
-        {"--05", CDateTime::dt_gMonth, "--05"},
-        {"--05--", CDateTime::dt_gMonth, "--05"},
-        {"--05xy", CDateTime::dt_gMonth, "--05"},
-        {"---07", CDateTime::dt_gDay, "---07"},
-        {"--02-29", CDateTime::dt_gMonthDay, "--02-29"},
-        {"---45", CDateTime::dt_gDay, "---45"},
-        {"-0005-03-04", CDateTime::dt_date, "-0005-03-04"},
+        {"2000-02-29", CDateTime::dt_date, "2000-02-29"}, {"2024-05", CDateTime::dt_gYearMonth, "2024-05"},
+        {"2024", CDateTime::dt_gYear, "2024"}, {"--05", CDateTime::dt_gMonth, "--05"},
+        {"--05--", CDateTime::dt_gMonth, "--05"}, {"--05xy", CDateTime::dt_gMonth, "--05"},
+        {"---07", CDateTime::dt_gDay, "---07"}, {"--02-29", CDateTime::dt_gMonthDay, "--02-29"},
+        {"---45", CDateTime::dt_gDay, "---45"}, {"-0005-03-04", CDateTime::dt_date, "-0005-03-04"},
         {"2000-01-01Z", CDateTime::dt_date, "2000-01-01Z"},
         {"--12-25+01:30", CDateTime::dt_gMonthDay, "--12-25+01:30"},
     };
