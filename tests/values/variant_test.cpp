@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
-#include <limits>
 #include <utility>
 
 #include "NxXmlLib9.h"
@@ -228,29 +226,6 @@ TEST(VariantObjectTest, CollectionsAreCountedToo)
     v.SetInvalid();
     copy.SetI1(1);
     EXPECT_EQ(1, CountOf(collection));
-}
-
-TEST(VariantFromStringTest, ParsesAsTheRequestedKind)
-{
-    NxVariant v;
-    v.FromString(" 42 ", ItemTypeI2, WS::WhitespaceRuleCollapse);
-    EXPECT_EQ(ItemTypeI2, v.GetItemType());
-    EXPECT_EQ(42, v.GetI2());
-    v.FromString("a \r b", ItemTypeString, WS::WhitespaceRuleCollapse);
-    EXPECT_EQ("a b", v.GetString());
-    v.FromString("TRUE", ItemTypeBoolean, WS::WhitespaceRuleNone);
-    EXPECT_TRUE(v.GetBoolean());
-    v.FromString("", ItemTypeR8, WS::WhitespaceRuleNone);
-    EXPECT_TRUE(std::isnan(v.GetR8()));
-    EXPECT_EQ("NaN", v.ToString());
-    v.FromString("-INF", ItemTypeR4, WS::WhitespaceRuleNone);
-    EXPECT_EQ(-std::numeric_limits<float>::infinity(), v.GetR4());
-    v.FromString("x", ItemTypeChar, WS::WhitespaceRuleNone);
-    EXPECT_EQ('x', v.GetChar());
-    v.FromString("255", ItemTypeUI1, WS::WhitespaceRuleNone);
-    EXPECT_EQ(255, v.GetUI1());
-    v.FromString("-1", ItemTypeI8, WS::WhitespaceRuleNone);
-    EXPECT_EQ(-1LL, v.GetI8());
 }
 
 TEST(VariantFromStringTest, FailedParseKeepsThePreviousValue)

@@ -117,18 +117,6 @@ TEST(VariantValueKindsTest, GetterOfAnotherClassGivesAnEmptyValue)
     EXPECT_EQ("", v.GetString());
 }
 
-TEST(VariantValueKindsTest, DatePartsAreReadFromAnyFormThatHasThem)
-{
-    NxVariant v;
-    v.FromString("2000-05", ItemTypeYear, kNone);
-    EXPECT_EQ(ItemTypeYear, v.GetItemType());
-    EXPECT_EQ(2000, v.GetYear());
-    v.FromString("2000-05", ItemTypeMonth, kNone);
-    EXPECT_EQ("--05", v.ToString(nullptr));
-    v.FromString("--05-17", ItemTypeDay, kNone);
-    EXPECT_EQ("---17", v.ToString(nullptr));
-}
-
 TEST(VariantValueKindsTest, FailedFromStringKeepsThePreviousValue)
 {
     NxVariant v;
