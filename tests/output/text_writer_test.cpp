@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "WriterScript.h"
+
 using namespace NxXmlLib9;
 
 namespace {
@@ -51,19 +53,7 @@ struct TextWriter : ::testing::Test {
     std::string WriteSampleTree()
     {
         writer.WriteStartDocument();
-        writer.WriteStartElement("root", "");
-        writer.WriteAttributeString("id", "", "1", ItemTypeString);
-        writer.WriteStartElement("a", "");
-        writer.WriteString("text", ItemTypeString);
-        writer.WriteEndElement();
-        writer.WriteStartElement("b", "");
-        writer.WriteAttributeString("x", "", "y", ItemTypeString);
-        writer.WriteEndElement();
-        writer.WriteStartElement("c", "");
-        writer.WriteStartElement("d", "");
-        writer.WriteEndElement();
-        writer.WriteEndElement();
-        writer.WriteEndElement();
+        Drive(writer, "<root|@id=1|<a|'text|>|<b|@x=y|>|<c|<d|>|>|>");
         writer.Close();
         return Text();
     }
@@ -151,27 +141,13 @@ TEST_F(TextWriter, EscapingInTextAndInAttributes)
 TEST_F(TextWriter, CDataPassesWholeAndEmptyTextLeavesElementSelfClosing)
 {
     writer.SetFormat(false);
-    writer.WriteStartElement("e", "");
-    writer.WriteString("<![CDATA[a<b]]> & more <", ItemTypeString);
-    writer.WriteEndElement();
-    writer.WriteStartElement("f", "");
-    writer.WriteString("<![CDATA", ItemTypeString);
-    writer.WriteEndElement();
-    writer.WriteStartElement("g", "");
-    writer.WriteString("", ItemTypeString);
-    writer.WriteAttributeString("late", "", "ok", ItemTypeString);
-    writer.WriteEndElement();
+    Drive(writer, "<e|'<![CDATA[a<b]]> & more <|>|<f|'<![CDATA|>|<g|'|@late=ok|>");
     EXPECT_EQ("<e><![CDATA[a<b]]> & more <</e><f>&lt;![CDATA</f><g late=\"ok\"/>", Text());
 }
 
 TEST_F(TextWriter, TextThenChildIndentsChildDirectlyAfterText)
 {
-    writer.WriteStartElement("p", "");
-    writer.WriteString("t", ItemTypeString);
-    writer.WriteStartElement("c", "");
-    writer.WriteEndElement();
-    writer.WriteString("u", ItemTypeString);
-    writer.WriteEndElement();
+    Drive(writer, "<p|'t|<c|>|'u|>");
     EXPECT_EQ("<p>t\t<c/>\nu</p>\n", Text());
 }
 
@@ -185,8 +161,7 @@ TEST_F(TextWriter, DirectivesInstructionsAndCommentsAlwaysEndTheLine)
     writer.WriteComment("c");  // neither closes the start tag nor counts
     writer.WriteAttributeString("a", "", "1", ItemTypeString);
     writer.WriteInlineSchema("s=\"<x>\"");
-    writer.WriteString("v", ItemTypeString);
-    writer.WriteEndElement();
+    Drive(writer, "'v|>");
     EXPECT_EQ("<!DOCTYPE r>\n<?pi x?>\n\n<!-- a&lt;b&gt;-- -->\n"
               "<r<!--c-->\n a=\"1\" \ns=\"<x>\"\n>v</r>",
               Text());
@@ -218,8 +193,7 @@ TEST_F(TextWriter, MisplacedDirectivesAndAttributesFail)
               MessageOf([](CXmlTextWriter& w) { w.WriteAttributeString("a", "", "1", ItemTypeString); }, writer));
     EXPECT_EQ(attributesFirst,
               MessageOf([](CXmlTextWriter& w) { w.WriteAttributeType("urn:t", "T", ItemTypeString); }, writer));
-    writer.WriteStartElement("c", "");
-    writer.WriteEndElement();
+    Drive(writer, "<c|>");
     EXPECT_EQ(attributesFirst, MessageOf([](CXmlTextWriter& w) { w.WriteAttributeNil(); }, writer));
     writer.WriteEndElement();
     EXPECT_THROW(writer.WriteEndElement(), CNxException);
