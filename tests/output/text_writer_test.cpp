@@ -44,8 +44,8 @@ std::string MessageOf(void (*action)(CXmlTextWriter&), CXmlTextWriter& writer)
     return "(no failure)";
 }
 
-struct TextWriter : ::testing::Test {
-    TextWriter() : stream(XmlEncodingUTF8), writer(stream) { writer.Open(); }
+struct SampleWriter {
+    SampleWriter() : stream(XmlEncodingUTF8), writer(stream) { writer.Open(); }
     std::string Text() const { return stream.GetText(); }
 
     // Root with an attribute, a text child, an attribute-only child and a
@@ -62,6 +62,9 @@ struct TextWriter : ::testing::Test {
     CXmlTextWriter writer;
 };
 
+struct TextWriter : ::testing::Test, SampleWriter {
+};
+
 const char kSampleFormatted[] =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<root id=\"1\">\n"
@@ -74,28 +77,31 @@ const char kSampleFormatted[] =
 
 } // namespace
 
-TEST_F(TextWriter, FormattedTreeByDefault)
+// Formatted with LF by default; unformatted, only the declaration ends its
+// line; CR LF ends every line.
+TEST(TextWriterLayout, FormatAndLineEnds)
 {
-    EXPECT_TRUE(writer.GetFormat());
-    EXPECT_EQ(EOLTypeLF, writer.GetEOLType());
-    EXPECT_EQ(kSampleFormatted, WriteSampleTree());
-}
-
-TEST_F(TextWriter, UnformattedTreeHasOnlyTheDeclarationLineEnd)
-{
-    writer.SetFormat(false);
-    EXPECT_EQ("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-              "<root id=\"1\"><a>text</a><b x=\"y\"/><c><d/></c></root>",
-              WriteSampleTree());
-}
-
-TEST_F(TextWriter, CarriageReturnLineEnds)
-{
-    writer.SetEOLType(EOLTypeCRLF);
-    std::string expected;
+    std::string crlf;
     for (const char* p = kSampleFormatted; *p; ++p)
-        expected += *p == '\n' ? std::string("\r\n") : std::string(1, *p);
-    EXPECT_EQ(expected, WriteSampleTree());
+        crlf += *p == '\n' ? std::string("\r\n") : std::string(1, *p);
+    const struct {
+        bool format;
+        EOLType eol;
+        std::string text;
+    } cases[] = {
+        {true, EOLTypeLF, kSampleFormatted},
+        {false, EOLTypeLF, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                           "<root id=\"1\"><a>text</a><b x=\"y\"/><c><d/></c></root>"},
+        {true, EOLTypeCRLF, crlf},
+    };
+    for (const auto& c : cases) {
+        SampleWriter sample;
+        EXPECT_TRUE(sample.writer.GetFormat());
+        EXPECT_EQ(EOLTypeLF, sample.writer.GetEOLType());
+        sample.writer.SetFormat(c.format);
+        sample.writer.SetEOLType(c.eol);
+        EXPECT_EQ(c.text, sample.WriteSampleTree());
+    }
 }
 
 TEST_F(TextWriter, InvalidLineEndTypeIsRefusedAndChangesNothing)
