@@ -63,7 +63,8 @@ TEST(FastInfosetReaderHeader, OptionalPartsAreReadOver)
         std::string parts;
         std::string tree;
     } cases[] = {
-        {"standalone and version", "03 01 02 '1.0' ", "a"}, {"character encoding scheme", "04 04 'UTF-8' ", "a"},
+        {"standalone and version", "03 01 02 '1.0' ", "a"},
+        {"character encoding scheme", "04 04 'UTF-8' ", "a"},
         {"notations", "10 C0 00 'n' C3 00 'm' 00 's' 00 'p' F0 ", "a"},
         {"unparsed entities", "08 D0 00 'e' 00 's' 00 'n' D1 00 'e' 00 's' 00 'p' 00 'n' F0 ", "a"},
         // The external vocabulary is what this library's writer puts there.

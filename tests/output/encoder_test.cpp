@@ -71,7 +71,8 @@ TEST(Encoder, ConversionsFollowTheLocale)
 
 TEST(Encoder, WideToUtf8)
 {
-    EXPECT_EQ(Bytes(CEncoder::UnicodeToUtf8Binary(L"a\u00E9\u20AC\U0001F600")), "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    EXPECT_EQ(Bytes(CEncoder::UnicodeToUtf8Binary(L"a\u00E9\u20AC\U0001F600")),
+              "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
     // A surrogate gives empty output; so does empty input, with no buffer.
     const wchar_t text[] = {L'a', static_cast<wchar_t>(0xD800), L'b', 0};
     EXPECT_EQ(CEncoder::UnicodeToUtf8Binary(text).GetLength(), 0u);

@@ -74,7 +74,8 @@ TEST(DateTimeParseTest, ReadAndPrint)
         {DT, "2000-01-01T12:34:56.789-05:00", "2000-01-01T12:34:56.789-05:00"},
         {DT, "-0005-03-04T01:02:03Z", "-0005-03-04T01:02:03Z"},
         {DT, "2000-01-01", "! InvalidValue: Invalid XSD DateTime [2000-01-01]"},
-        {DT, "2000-01T12:00:00", "! InvalidValue: Invalid XSD DateTime [2000-01T12:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]"},
+        {DT, "2000-01T12:00:00",
+         "! InvalidValue: Invalid XSD DateTime [2000-01T12:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]"},
         {DT, "2000-02-30T12:00:00", "! InvalidValue: Invalid Day [30" + inMonth},
         {DT, "2000-01-01T24:00:00", "! InvalidValue: Invalid XSD Time [24:00:00" + badTime},
     });
