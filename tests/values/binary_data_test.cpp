@@ -8,6 +8,8 @@
 #include <string>
 #include <thread>
 
+#include "StreamTestFiles.h"
+
 using namespace NxXmlLib9;
 
 namespace {
@@ -145,6 +147,28 @@ TEST(BinaryDataHolder, AppendReservesAtLeast8192AndGrowsGeometrically)
 
 // The array is handed over only from an unshared buffer; a failed hand-over
 // keeps its reference, and the buffer is unshared after.
+TEST(BinaryDataReserve, AppendsUpToTheReservedSizeMoveNothing)
+{
+    const std::string piece(1000, 'x');
+    for (const char* start : {"", "abc"}) {
+        CBinaryData data = NxTest::DataOf(start);
+        CBinaryData shared = data;
+        data.Reserve(100000);
+        data.Append(reinterpret_cast<unsigned char*>(const_cast<char*>("!")), 1);
+        const unsigned char* array = data.GetData();
+        for (int i = 0; i < 99; ++i)
+            data.Append(piece);
+        EXPECT_EQ(data.GetData(), array) << "no reallocation inside the reserved room";
+        EXPECT_EQ(data.GetLength(), std::string(start).size() + 1 + 99000);
+        EXPECT_EQ(Bytes(data).substr(0, std::string(start).size() + 2), std::string(start) + "!x");
+        EXPECT_EQ(Bytes(shared), start) << "a shared buffer is separated first";
+
+        // A smaller reservation keeps what is there.
+        data.Reserve(10);
+        EXPECT_EQ(data.GetData(), array);
+    }
+}
+
 TEST(BinaryDataRelease, HandsTheArrayOverUnlessShared)
 {
     CBinaryData data("abc");
