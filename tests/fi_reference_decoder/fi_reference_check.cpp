@@ -12,10 +12,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +22,7 @@
 #include "PeopleClasses.h"
 #include "PersonClasses.h"
 #include "RoundTripClasses.h"
+#include "StreamTestFiles.h"
 #include "TableClass.h"
 
 using namespace NxXmlLib9;
@@ -43,20 +42,6 @@ bool IsFile(const std::string& path)
 std::string Quote(const std::string& text)
 {
     return "'" + text + "'";
-}
-
-std::string ReadFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-void WriteFile(const std::string& path, const CBinaryData& data)
-{
-    std::ofstream out(path, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(data.GetData()), static_cast<std::streamsize>(data.GetLength()));
 }
 
 // ---------------------------------------------------------------------------
@@ -353,8 +338,9 @@ int main(int argc, char** argv)
         const std::string base = work + "/" + c.name;
         std::remove((base + ".decoded.xml").c_str());
         try {
-            WriteFile(base + ".fi", c.object->ToFastInfosetStream(FInfoDeclNone, c.context));
-            std::ofstream(base + ".xml") << c.object->ToXml(true, false, EOLTypeLF, c.context);
+            const CBinaryData binary = c.object->ToFastInfosetStream(FInfoDeclNone, c.context);
+            NxTest::WriteFileBytes(base + ".fi", NxTest::BytesOf(binary));
+            NxTest::WriteFileBytes(base + ".xml", c.object->ToXml(true, false, EOLTypeLF, c.context));
         } catch (const CNxException& e) {
             std::cout << "FAILED: writing " << c.name << ": " << e.GetFullMessage() << "\n";
             return 1;
@@ -365,15 +351,15 @@ int main(int argc, char** argv)
     // checks below decide.
     std::system((decode + " > " + Quote(work + "/decoder.log") + " 2>&1").c_str());
 
-    const std::string log = ReadFile(work + "/decoder.log");
+    const std::string log = NxTest::ReadFileBytes(work + "/decoder.log");
     int failures = 0;
     for (const Case& c : cases) {
         const std::string base = work + "/" + c.name;
         std::string difference;
         try {
             CXmlDocument expected;
-            expected.LoadXml(ReadFile(base + ".xml").c_str());
-            const std::string decodedText = ReadFile(base + ".decoded.xml");
+            expected.LoadXml(NxTest::ReadFileBytes(base + ".xml").c_str());
+            const std::string decodedText = NxTest::ReadFileBytes(base + ".decoded.xml");
             if (decodedText.empty()) {
                 difference = "the reference decoder rejected the document: " + DecoderFailure(log, base + ".fi");
             } else {

@@ -346,7 +346,7 @@ TEST(GeneratedClasses, WriteReadBackAndValidate)
             EXPECT_EQ(Unformatted(fromBinary), xml);
 
             const std::string path = dir + "/" + c.name + ".xml";
-            WriteFile(path, object->ToXml(true, true, EOLTypeLF, Aliased()));
+            WriteFileBytes(path, object->ToXml(true, true, EOLTypeLF, Aliased()));
             std::string reason;
             const Verdict verdict = Validate(SchemaPath(c.schema), path, &reason);
             if (verdict == Verdict::NoValidator)

@@ -84,12 +84,13 @@ TEST(InstanceDocuments, ValidAreReadInvalidAreRefused)
         SCOPED_TRACE(instance.name);
         const std::string schema = SchemaPath(instance.schema);
         const std::string path = SchemaPath(std::string("instances/") + instance.name + "-ok.xml");
-        const std::string xml = ReadFile(path);
+        const std::string xml = ReadFileBytes(path);
         ASSERT_NE(xml, "");
         const Verdict verdict = Validate(schema, path);
         validated = verdict != Verdict::NoValidator;
-        if (validated)
+        if (validated) {
             EXPECT_EQ(verdict, Verdict::Valid);
+        }
 
         CSmartPtr<CXmlGeneratedClass> object = ObjectForDocument(xml);
         ASSERT_TRUE(object);
@@ -98,9 +99,10 @@ TEST(InstanceDocuments, ValidAreReadInvalidAreRefused)
         const std::string written = object->ToXml(true, false, EOLTypeLF, Aliased());
         EXPECT_EQ(ReadAndWrite(written), written);
         const std::string rewritten = scratch + "/" + instance.name + ".xml";
-        WriteFile(rewritten, written);
-        if (validated)
+        WriteFileBytes(rewritten, written);
+        if (validated) {
             EXPECT_EQ(Validate(schema, rewritten), Verdict::Valid) << written;
+        }
 
         for (const Break& broken : kBreaks) {
             if (std::string(broken.instance) != instance.name)
@@ -111,9 +113,10 @@ TEST(InstanceDocuments, ValidAreReadInvalidAreRefused)
             ASSERT_NE(at, std::string::npos);
             bad.replace(at, std::string(broken.from).size(), broken.to);
             const std::string badPath = scratch + "/bad.xml";
-            WriteFile(badPath, bad);
-            if (validated)
+            WriteFileBytes(badPath, bad);
+            if (validated) {
                 EXPECT_EQ(Validate(schema, badPath), Verdict::Invalid);
+            }
             CSmartPtr<CXmlGeneratedClass> badObject = ObjectForDocument(bad);
             ASSERT_TRUE(badObject);
             EXPECT_NE(ReadFailure(*badObject, bad), "") << "read without complaint";
