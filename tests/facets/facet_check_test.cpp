@@ -58,6 +58,7 @@ const FacetCase kStringCases[] = {
     {ItemTypeString, "a", Lengths(-1, -1, 2), "Invalid Value for x [a]"},
     {ItemTypeString, "\xC3\xA9", Lengths(-1, 1, -1), "Invalid Value for x [\xC3\xA9]"},
     {ItemTypeString, "", Lengths(-1, -1, 0), ""},
+    {ItemTypeString, "a", Lengths(-1, -1, 0), "Invalid Value for x [a]"},
     {ItemTypeString, "a", Lengths(-1, 0, -1), "Invalid Value for x [a]"},
     {ItemTypeString, "12345", PatternOnly("\\d{5}"), ""},
     {ItemTypeString, "1234a", PatternOnly("\\d{5}"), "Invalid Value for x [1234a]"},
