@@ -15,12 +15,8 @@ TEST(FastInfosetContext, Defaults)
         EXPECT_EQ(CFastInfosetContext::EncodingDefault, context.GetEncoding(item).kind) << item;
         EXPECT_EQ(0u, context.GetEncoding(item).index) << item;
     }
-    EXPECT_EQ(0, context.GetDefaultStringEncoding());
     EXPECT_EQ(6u, context.GetAttributeMaxAddLength());
     EXPECT_EQ(6u, context.GetElementMaxAddLength());
-    EXPECT_FALSE(context.GetUseGeneratedVocabulary());
-    EXPECT_EQ("", context.GetExternalVocabularyURI());
-    EXPECT_EQ(1u, context.GetVocabulary().GetPrefixNamesTable().size());
 }
 
 TEST(FastInfosetContext, SuggestedValuesSetTheirTypesOnly)

@@ -32,20 +32,10 @@ TEST(FastInfosetBinaryData, EncodesEachAlgorithm)
         const char* octets;
     };
     const Case cases[] = {
-        {1, "00ff7A", "00FF7A"},
-        {2, "AQID", "010203"},
-        {3, "-2", "FFFE"},
-        {3, "258", "0102"},
-        {4, "-1", "FFFFFFFF"},
-        {4, "42", "0000002A"},
-        {5, "-2", "FFFFFFFFFFFFFFFE"},
-        {5, "4294967296", "0000000100000000"},
-        {6, "true", "38"},
-        {6, "false", "30"},
-        {6, "1", "38"},
-        {7, "1.5", "3FC00000"},
-        {7, "-2", "C0000000"},
-        {8, "1.5", "3FF8000000000000"},
+        {1, "00ff7A", "00FF7A"}, {2, "AQID", "010203"}, {3, "-2", "FFFE"}, {3, "258", "0102"},
+        {4, "-1", "FFFFFFFF"}, {4, "42", "0000002A"}, {5, "-2", "FFFFFFFFFFFFFFFE"},
+        {5, "4294967296", "0000000100000000"}, {6, "true", "38"}, {6, "false", "30"}, {6, "1", "38"},
+        {7, "1.5", "3FC00000"}, {7, "-2", "C0000000"}, {8, "1.5", "3FF8000000000000"},
         {9, "00112233445566778899AABBCCDDEEFF", "00112233445566778899AABBCCDDEEFF"},
         {10, "a<b", "613C62"},
     };
@@ -77,20 +67,13 @@ TEST(FastInfosetBinaryData, DecodesEachAlgorithm)
         const char* text;
     };
     const Case cases[] = {
-        {1, "00FF7A", "00FF7A"},
-        {2, "010203", "AQID"},
-        {3, "FFFE0102", "-2 258"},
-        {4, "FFFFFFFF0000002A", "-1 42"},
-        {5, "FFFFFFFFFFFFFFFE0000000100000000", "-2 4294967296"},
-        {6, "38", "true"},
-        {6, "30", "false"},
+        {1, "00FF7A", "00FF7A"}, {2, "010203", "AQID"}, {3, "FFFE0102", "-2 258"}, {4, "FFFFFFFF0000002A", "-1 42"},
+        {5, "FFFFFFFFFFFFFFFE0000000100000000", "-2 4294967296"}, {6, "38", "true"}, {6, "30", "false"},
         // Two bits in one octet run together; octets are separated.
-        {6, "2A", "truefalse"},
-        {6, "6AC0", "truefalsetruefalse truetrue"},
+        {6, "2A", "truefalse"}, {6, "6AC0", "truefalsetruefalse truetrue"},
         {6, "5F80", "truetruetruetrue truefalsefalse"},
         // Only the first octet of a float group counts, in all four bytes.
-        {7, "3FC00000", "0.7470588"},
-        {7, "3F3F3F3F00000000", "0.7470588 0"},
+        {7, "3FC00000", "0.7470588"}, {7, "3F3F3F3F00000000", "0.7470588 0"},
         {8, "3FF8000000000000C000000000000000", "1.5 -2"},
         {9, "00112233445566778899AABBCCDDEEFFFFEEDDCCBBAA99887766554433221100",
          "00112233445566778899AABBCCDDEEFF FFEEDDCCBBAA99887766554433221100"},
@@ -113,8 +96,7 @@ TEST(FastInfosetBinaryData, DecodingFailures)
         {7, "010203", "Invalid value for FLOAT byte encoding."},
         {8, "01020304", "Invalid value for DOUBLE byte encoding."},
         {9, "0102030405060708", "Invalid value for UUID byte encoding."},
-        {0, "01", "Unknown byte encoding."},
-        {10, "61", "Unknown byte encoding."},
+        {0, "01", "Unknown byte encoding."}, {10, "61", "Unknown byte encoding."},
         {11, "01", "Unknown byte encoding."},
     };
     for (const Case& c : cases)
@@ -131,7 +113,8 @@ TEST(FastInfosetBinaryData, DoubleRoundTripsButFloatDoesNot)
     data.SetAsEncodedString(8, "3.25");
     EXPECT_EQ("3.25", data.GetAsString(8));
     data.SetAsEncodedString(7, "3.25");
-    EXPECT_NE("3.25", data.GetAsString(7));
+    // A float is rebuilt from its first octet alone: 40 40 40 40.
+    EXPECT_EQ("3.003922", data.GetAsString(7));
     data.SetAsEncodedString(3, "-32768");
     EXPECT_EQ("-32768", data.GetAsString(3));
 }

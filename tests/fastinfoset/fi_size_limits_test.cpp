@@ -50,15 +50,6 @@ TEST(FastInfosetSizeLimits, LengthsNearTwoToThe32AndHugeIndexesFailWithTheirMess
         EXPECT_EQ(each.message, LoadFailure(Bytes(each.hex))) << each.what;
 }
 
-TEST(FastInfosetSizeLimits, QualifiedNameTablesStopAtTwoToThe20Entries)
-{
-    CFIVocabulary vocabulary;
-    CFIVocabulary::CFIQNameTable table;
-    for (unsigned long i = 0; i <= (1UL << 20); ++i)
-        vocabulary.AddQNameToVector(0, 0, 1, table);
-    EXPECT_EQ(1UL << 20, static_cast<unsigned long>(table.end() - table.begin()));
-}
-
 TEST(FastInfosetSizeLimits, AFileOfTwoGigabytesIsRefusedBeforeItsBufferIsMade)
 {
     char path[] = "/tmp/nxxml_large_XXXXXX";

@@ -36,16 +36,11 @@ TEST(FIVocabulary, DefaultContent)
     index = 99;
     EXPECT_FALSE(vocabulary.FindLocalNameIndex("xml", index));
     EXPECT_EQ(99u, index);
-    EXPECT_TRUE(vocabulary.GetLocalNamesTable().empty());
-    EXPECT_TRUE(vocabulary.GetElementNamesTable().empty());
-    EXPECT_TRUE(vocabulary.GetAttributeNamesMap().empty());
-    EXPECT_TRUE(vocabulary.GetCharacterChunksMap().empty());
-
     const std::vector<std::string> alphabets{"0123456789-+.e ", "0123456789-:TZ "};
     EXPECT_EQ(alphabets, vocabulary.GetRestrictedAlphabets());
 }
 
-TEST(FIVocabulary, FirstAddedNamesTakeTheNextIndexes)
+TEST(FIVocabulary, AddedNamesTakeTheNextIndexes)
 {
     CFIVocabulary vocabulary;
     vocabulary.AddPrefixName("p");

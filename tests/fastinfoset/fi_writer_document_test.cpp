@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "../output/WriterScript.h"
 #include "fi_writer_support.h"
 
 using namespace NxXmlLib9;
@@ -28,91 +29,42 @@ TEST(FastInfosetWriterDocument, ElementShapes)
 {
     struct Case {
         const char* name;
-        std::function<void(CFastInfosetWriter&)> body;
+        std::string script; // see Drive
+        std::function<void(CFastInfosetWriter&)> more;
         std::string bytes;
     };
     const Case cases[] = {
-        {"text in the root",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             w.WriteString("x", S);
-             w.WriteEndElement();
-         },
-         Doc("38 F0 3C 00 61 90 78 FF")},
-        {"empty root",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             w.WriteEndElement();
-         },
-         Doc("38 F0 3C 00 61 FF")},
-        {"root attributes: the bit rides on the namespace octet",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             w.WriteAttributeString("b", "", "c", S);
-             w.WriteEndElement();
-         },
+        {"text in the root", "<a|'x|>", nullptr, Doc("38 F0 3C 00 61 90 78 FF")},
+        {"empty root", "<a|>", nullptr, Doc("38 F0 3C 00 61 FF")},
+        {"root attributes: the bit rides on the namespace octet", "<a|@b=c|>", nullptr,
          Doc("78 F0 3C 00 61 78 00 62 40 63 F0 FF")},
-        {"child attributes then text",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             w.WriteStartElement("b", "");
-             w.WriteAttributeString("c", "", "d", S);
-             w.WriteString("t", S);
-             w.WriteEndElement();
-             w.WriteEndElement();
-         },
+        {"child attributes then text", "<a|<b|@c=d|'t|>|>", nullptr,
          Doc("38 F0 3C 00 61 7C 00 62 78 00 63 40 64 F0 90 74 FF F0")},
-        {"siblings of one name: literal, then index",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             for (int i = 0; i < 2; ++i) {
-                 w.WriteStartElement("b", "");
-                 w.WriteEndElement();
-             }
-             w.WriteEndElement();
-         },
+        {"siblings of one name: literal, then index", "<a|<b|>|<b|>|>", nullptr,
          Doc("38 F0 3C 00 61 3C 00 62 F0 01 FF F0")},
-        {"repeated attribute name and short value go by index",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             for (int i = 0; i < 2; ++i) {
-                 w.WriteStartElement("b", "");
-                 w.WriteAttributeString("c", "", "v", S);
-                 w.WriteEndElement();
-             }
-             w.WriteEndElement();
-         },
+        {"repeated attribute name and short value go by index", "<a|<b|@c=v|>|<b|@c=v|>|>", nullptr,
          Doc("38 F0 3C 00 61 7C 00 62 78 00 63 40 76 F0 F0 41 00 80 F0 FF F0")},
-        {"text after a child lands inside it",
+        {"text after a child lands inside it", "<a|<b|>|'x|>", nullptr, Doc("38 F0 3C 00 61 3C 00 62 90 78 FF F0")},
+        {"comments and inline schema write nothing", "<a",
          [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
-             w.WriteStartElement("b", "");
-             w.WriteEndElement();
-             w.WriteString("x", S);
-             w.WriteEndElement();
-         },
-         Doc("38 F0 3C 00 61 3C 00 62 90 78 FF F0")},
-        {"comments and inline schema write nothing",
-         [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
              w.WriteComment("c");
              w.WriteInlineSchema("<s/>");
              w.WriteEndElement();
          },
          Doc("38 F0 3C 00 61 FF")},
-        {"an instruction flushes the head without the attribute bit",
+        {"an instruction flushes the head without the attribute bit", "<a",
          [](CFastInfosetWriter& w) {
-             w.WriteStartElement("a", "");
              w.WritePI("<?p?>");
-             w.WriteAttributeString("b", "", "c", S);
-             w.WriteEndElement();
+             Drive(w, "@b=c|>");
          },
          Doc("38 F0 3C 00 61 78 00 62 40 63 FF")},
     };
     for (const Case& c : cases) {
         const std::string bytes = Written([&](CFastInfosetWriter& w) {
             w.WriteStartDocument(FInfoDeclNone);
-            c.body(w);
+            Drive(w, c.script);
+            if (c.more)
+                c.more(w);
             w.WriteEndDocument();
             w.Close();
         });
@@ -153,12 +105,7 @@ TEST(FastInfosetWriterDocument, NamespacesOnTheRootAndGeneratedPrefixes)
         w.WriteStartDocument(FInfoDeclNone);
         w.SetDefaultNamespace("urn:d");
         w.AddNamespace("p", "urn:p");
-        w.WriteStartElement("a", "urn:d");
-        w.WriteStartElement("b", "urn:p");
-        w.WriteEndElement();
-        w.WriteStartElement("c", "urn:x");
-        w.WriteEndElement();
-        w.WriteEndElement();
+        Drive(w, "<a{urn:d}|<b{urn:p}|>|<c{urn:x}|>|>");
         w.WriteEndDocument();
     });
     EXPECT_EQ(Doc("38 CD 04 75 72 6E 3A 64 CF 00 70 04 75 72 6E 3A 70 F0 "  // xmlns, xmlns:p
@@ -205,8 +152,7 @@ TEST(FastInfosetWriterDocument, GeneratedVocabularyHead)
     context.GetVocabulary().AddElement("", "", "a");
     const std::string fallback = Written(context, [](CFastInfosetWriter& w) {
         w.WriteStartDocument(FInfoDeclNone);
-        w.WriteStartElement("a", "");
-        w.WriteEndElement();
+        Drive(w, "<a|>");
         w.WriteEndDocument();
     });
     const std::string uri = ORVANE_URI;
@@ -223,8 +169,7 @@ TEST(FastInfosetWriterDocument, GeneratedVocabularyHead)
     context.SetUseGeneratedVocabulary(false);
     EXPECT_EQ(Doc("38 F0 3C 00 61"), Written(context, [](CFastInfosetWriter& w) {
                   w.WriteStartDocument(FInfoDeclNone);
-                  w.WriteStartElement("a", "");
-                  w.WriteString("", S);
+                  Drive(w, "<a|'");
               }));
 }
 
@@ -243,21 +188,14 @@ TEST(FastInfosetWriterDocument, PendingStateAndFailures)
     EXPECT_FALSE(writer.GetPendingTerminator());
 
     const std::string kept = WrittenBeforeFailure(context, "Attributes must be added before elements",
-                                                  [](CFastInfosetWriter& w) {
-                                                      w.WriteStartElement("a", "");
-                                                      w.WriteString("x", S);
-                                                      w.WriteAttributeString("b", "", "c", S);
-                                                  });
+                                                  [](CFastInfosetWriter& w) { Drive(w, "<a|'x|@b=c"); });
     EXPECT_EQ("38 F0 3C 00 61 90 78", kept) << "the stream keeps what went out";
     WrittenBeforeFailure(context, "Attributes must be added before elements", [](CFastInfosetWriter& w) {
-        w.WriteStartElement("a", "");
-        w.WriteStartElement("b", "");
-        w.WriteEndElement();
+        Drive(w, "<a|<b|>");
         w.WriteAttributeNil();
     });
     WrittenBeforeFailure(context, "An Element has not been closed.", [](CFastInfosetWriter& w) {
-        w.WriteStartElement("a", "");
-        w.WriteString("x", S);
+        Drive(w, "<a|'x");
         w.Close();
     });
 }

@@ -78,23 +78,3 @@ TEST(ExceptionClasses, ConvertingConstructorChangesTheClassAndKeepsMessageAndCha
     EXPECT_NE(dynamic_cast<CNxInvalidStateException*>(clone.get()), nullptr);
     EXPECT_EQ(clone->GetFullMessage(), "text\ninner");
 }
-
-TEST(ExceptionClasses, FacetFailureClassIsNotAValidationFailure)
-{
-    // The hierarchy the callers rely on: facet failures (bare CNxException)
-    // are not caught by the validation branch, the others are.
-    bool caughtAsValidation = false;
-    try {
-        throw CNxException("facet");
-    } catch (const CNxValidationException&) {
-        caughtAsValidation = true;
-    } catch (const CNxException&) {
-    }
-    EXPECT_FALSE(caughtAsValidation);
-    auto isValidation = [](const CNxException& e) { return dynamic_cast<const CNxValidationException*>(&e) != nullptr; };
-    EXPECT_TRUE(isValidation(CNxInvalidNamespaceException("n")));
-    EXPECT_TRUE(isValidation(CNxInvalidValueException("v")));
-    EXPECT_FALSE(isValidation(CNxOverFlowException("o")));
-    EXPECT_FALSE(isValidation(CNxInvalidParamException("p")));
-    EXPECT_FALSE(isValidation(CNxInvalidStateException("s")));
-}

@@ -18,31 +18,20 @@ std::string FormatThrough(const char* format, ...)
 }
 } // namespace
 
+// The C library's directives, through both entries; a null string and a
+// wide one print as the C library prints them.
 TEST(FormatString, PrintsWhatTheCLibraryPrints)
 {
     EXPECT_EQ(FormatString("Index %d is out of range, use 0 - %d", 7, 3), "Index 7 is out of range, use 0 - 3");
-    EXPECT_EQ(FormatString("[%s] %u%%", "name", 42u), "[name] 42%");
     EXPECT_EQ(FormatString("%lld|%llu", LLONG_MIN, ULLONG_MAX), "-9223372036854775808|18446744073709551615");
-    EXPECT_EQ(FormatString("%x %X %o", 255, 255, 8), "ff FF 10");
-    EXPECT_EQ(FormatString("plain"), "plain");
-    const char* empty = "";
-    EXPECT_EQ(FormatString("%s", empty), "");
+    EXPECT_EQ(FormatString("%*s|%-4s|%.3s", -4, "ab", "c", "abcdef"), "ab  |c   |abc");
     EXPECT_EQ(FormatThrough("%s-%d", "via", 5), "via-5");
-}
-
-TEST(FormatString, StringsHonourNullPrecisionAndWidth)
-{
     // Hidden from the compiler's format check, which rightly warns about a
     // null argument it can see: the library's own answer is what is tested.
     const char* volatile nothing = nullptr;
     EXPECT_EQ(FormatString("%s", nothing), "(null)");
-    EXPECT_EQ(FormatString("%.3s", "abcdef"), "abc");
-    EXPECT_EQ(FormatString("%8s|", "ab"), "      ab|");
-    EXPECT_EQ(FormatString("%-8s|", "ab"), "ab      |");
-    EXPECT_EQ(FormatString("%*s|", -4, "ab"), "ab  |");
-    EXPECT_EQ(FormatString("%*s|", 4, "ab"), "  ab|");
-    EXPECT_EQ(FormatString("[%s]", ""), "[]");
     EXPECT_EQ(FormatString("%ls", L"wide"), "wide");
+    EXPECT_EQ(FormatString("plain"), "plain");
 }
 
 TEST(FormatString, LongValuesAreNeverCut)

@@ -86,14 +86,14 @@ TEST(Compiler, RefusesWhatItCannotMap)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.file);
         const std::string path = dir + "/" + c.file;
-        WriteFile(path, c.text);
+        WriteFileBytes(path, c.text);
         const CommandResult result = Compile(dir, Quoted(path));
         EXPECT_EQ(result.status, 1);
         EXPECT_NE(result.output.find(c.message), std::string::npos) << result.output;
         // Nothing is written for a schema that fails.
         const std::string stem = path.substr(0, path.size() - 4);
-        EXPECT_EQ(ReadFile(stem + ".h"), "");
-        EXPECT_EQ(ReadFile(stem + ".cpp"), "");
+        EXPECT_EQ(ReadFileBytes(stem + ".h"), "");
+        EXPECT_EQ(ReadFileBytes(stem + ".cpp"), "");
     }
 
     // The command line itself.
@@ -108,7 +108,7 @@ TEST(Compiler, WarnsOfWhatItDoesNotCheck)
 {
     const std::string dir = ScratchDir("warnings");
     const std::string path = dir + "/unchecked.xsd";
-    WriteFile(path, std::string(kHead) +
+    WriteFileBytes(path, std::string(kHead) +
                         "<xs:simpleType name='Price'><xs:restriction base='xs:decimal'><xs:totalDigits value='5'/>"
                         "</xs:restriction></xs:simpleType><xs:element name='List'><xs:complexType><xs:sequence>"
                         "<xs:element name='Item' type='xs:string' default='x' maxOccurs='9'/></xs:sequence>"
@@ -131,16 +131,16 @@ TEST(Compiler, SameSchemasGiveTheSameText)
     ASSERT_EQ(Compile(second, arguments).status, 0);
     for (const char* file : {"basics.h", "basics.cpp", "structure.h", "structure.cpp", "orders.h", "orders.cpp"}) {
         SCOPED_TRACE(file);
-        const std::string text = ReadFile(first + "/" + file);
+        const std::string text = ReadFileBytes(first + "/" + file);
         EXPECT_GT(text.size(), 1000u);
-        EXPECT_EQ(text, ReadFile(second + "/" + file));
+        EXPECT_EQ(text, ReadFileBytes(second + "/" + file));
     }
     // One namespace for all files: the entry function is defined once.
     const std::string shared = ScratchDir("shared");
     ASSERT_EQ(Compile(shared, "--cpp-namespace app::model " + arguments).status, 0);
     int definitions = 0;
     for (const char* file : {"basics.cpp", "structure.cpp", "orders.cpp"}) {
-        const std::string text = ReadFile(shared + "/" + file);
+        const std::string text = ReadFileBytes(shared + "/" + file);
         EXPECT_NE(text.find("namespace app::model {"), std::string::npos);
         definitions += text.find("CreateDocumentElement(const char* localName, const char* namespaceUri)\n{") !=
                        std::string::npos;
@@ -155,7 +155,7 @@ TEST(Compiler, DependencyFileListsEverySchemaRead)
                                Quoted(SchemaPath("invoice/invoice.xsd")))
                   .status,
               0);
-    const std::string rule = ReadFile(dir + "/deps.d");
+    const std::string rule = ReadFileBytes(dir + "/deps.d");
     EXPECT_EQ(rule.find(dir + "/invoice.h " + dir + "/invoice.cpp :"), 0u) << rule;
     for (const char* schema : {"/invoice/invoice.xsd", "/invoice/tax.xsd", "/orders/common.xsd"})
         EXPECT_NE(rule.find(schema), std::string::npos) << rule;

@@ -308,14 +308,10 @@ struct Case {
 };
 
 const Case kCases[] = {
-    {"Library", "basics.xsd", FullLibrary},
-    {"Primitives", "basics.xsd", FullPrimitives},
-    {"Drawing", "structure.xsd", FullDrawing},
-    {"Palette", "structure.xsd", FullPalette},
-    {"Folder", "structure.xsd", FullFolder},
-    {"Order", "orders/orders.xsd", FullOrder},
-    {"NamingItem", "naming.xsd", FullNamingItem},
-    {"Invoice", "invoice/invoice.xsd", FullInvoice},
+    {"Library", "basics.xsd", FullLibrary}, {"Primitives", "basics.xsd", FullPrimitives},
+    {"Drawing", "structure.xsd", FullDrawing}, {"Palette", "structure.xsd", FullPalette},
+    {"Folder", "structure.xsd", FullFolder}, {"Order", "orders/orders.xsd", FullOrder},
+    {"NamingItem", "naming.xsd", FullNamingItem}, {"Invoice", "invoice/invoice.xsd", FullInvoice},
     {"TaxInvoice", "invoice/invoice.xsd", FullTaxInvoice},
 };
 
@@ -350,7 +346,7 @@ TEST(GeneratedClasses, WriteReadBackAndValidate)
             EXPECT_EQ(Unformatted(fromBinary), xml);
 
             const std::string path = dir + "/" + c.name + ".xml";
-            WriteFile(path, object->ToXml(true, true, EOLTypeLF, Aliased()));
+            WriteFileBytes(path, object->ToXml(true, true, EOLTypeLF, Aliased()));
             std::string reason;
             const Verdict verdict = Validate(SchemaPath(c.schema), path, &reason);
             if (verdict == Verdict::NoValidator)

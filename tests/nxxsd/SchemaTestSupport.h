@@ -7,11 +7,10 @@
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "NxXmlLib9.h"
+#include "StreamTestFiles.h"
 #include "basics.h"
 #include "invoice.h"
 #include "naming.h"
@@ -49,18 +48,8 @@ inline std::string ScratchDir(const std::string& name)
     return dir;
 }
 
-inline std::string ReadFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-inline void WriteFile(const std::string& path, const std::string& text)
-{
-    std::ofstream(path, std::ios::binary) << text;
-}
+using NxTest::ReadFileBytes;
+using NxTest::WriteFileBytes;
 
 inline std::string SchemaPath(const std::string& name) { return std::string(NXXSD_SCHEMA_DIR) + "/" + name; }
 

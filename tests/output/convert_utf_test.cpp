@@ -38,62 +38,40 @@ unsigned long MeasurePointsOf(const std::string& utf8)
     return ConvertUTF8toUTF32(in, in + utf8.size(), nullptr, nullptr);
 }
 
-bool Legal(std::initializer_list<unsigned char> bytes)
-{
-    std::vector<unsigned char> v(bytes);
-    return IsLegalUTF8(v.data(), static_cast<int>(v.size()));
-}
-
 } // namespace
 
-TEST(ConvertUtf32ToUtf8, EncodesEachLengthAndMeasures)
+// Each length is encoded and measured. Beyond Unicode becomes the
+// replacement character; a surrogate stops the filling and zeroes the
+// measure; the filling stops when the next character does not fit.
+TEST(ConvertUtf, Utf32ToUtf8)
 {
     const std::vector<UTF32> points = {0x41, 0x7FF, 0x800, 0xFFFF, 0x10000, 0x10FFFF};
     EXPECT_EQ(Utf8Of(points), "A\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
     EXPECT_EQ(MeasureUtf8Of(points), 17u);
     EXPECT_EQ(MeasureUtf8Of({}), 0u);
-}
-
-TEST(ConvertUtf32ToUtf8, BeyondUnicodeBecomesReplacementCharacter)
-{
     EXPECT_EQ(Utf8Of({0x41, 0x110000, 0x42}), "A\xEF\xBF\xBD" "B");
     EXPECT_EQ(MeasureUtf8Of({0x41, 0xFFFFFFFF}), 4u);
-}
-
-TEST(ConvertUtf32ToUtf8, SurrogateStopsFillingAndZeroesMeasuring)
-{
     EXPECT_EQ(Utf8Of({0x41, 0x42, 0xDC00, 0x43}), "AB");
     EXPECT_EQ(MeasureUtf8Of({0x41, 0x42, 0xD800, 0x43}), 0u);
-}
-
-TEST(ConvertUtf32ToUtf8, StopsWhenTheNextCharacterDoesNotFit)
-{
     EXPECT_EQ(Utf8Of({0x41, 0x20AC, 0x42}, 3), "A");
     EXPECT_EQ(Utf8Of({0x41, 0x20AC, 0x42}, 4), "A\xE2\x82\xAC");
 }
 
-TEST(ConvertUtf8ToUtf32, DecodesAndMeasures)
+// Bad sequences (a stray trailing byte, an overlong form, an encoded
+// surrogate, a value above 0x10FFFF, a lead beyond 0xF4, a sequence cut off
+// by the end) stop the filling and zero the measure.
+TEST(ConvertUtf, Utf8ToUtf32)
 {
     const std::string text = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
     EXPECT_EQ(PointsOf(text), (std::vector<UTF32>{0x61, 0xE9, 0x20AC, 0x1F600}));
     EXPECT_EQ(MeasurePointsOf(text), 4u);
     EXPECT_EQ(MeasurePointsOf(""), 0u);
-}
-
-TEST(ConvertUtf8ToUtf32, BadSequencesStopFillingAndZeroMeasuring)
-{
-    // A stray trailing byte, an overlong form, an encoded surrogate, a value
-    // above 0x10FFFF, a lead beyond 0xF4, a sequence cut off by the end.
+    EXPECT_EQ(PointsOf("abc", 2), (std::vector<UTF32>{0x61, 0x62}));
     for (const std::string bad : {"\x80", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80",
                                   "\xE2\x82"}) {
         EXPECT_EQ(PointsOf("ab" + bad + "c"), (std::vector<UTF32>{0x61, 0x62})) << bad.size();
         EXPECT_EQ(MeasurePointsOf("ab" + bad + "c"), 0u) << bad.size();
     }
-}
-
-TEST(ConvertUtf8ToUtf32, StopsWhenTheTargetIsFull)
-{
-    EXPECT_EQ(PointsOf("abc", 2), (std::vector<UTF32>{0x61, 0x62}));
 }
 
 TEST(ConvertUtf32ToUtf16, PairsAboveTheBasicPlane)
@@ -158,26 +136,22 @@ TEST(ConvertUtf16AndUtf8, RoundTrip)
     EXPECT_EQ(ConvertUTF8toUTF16(badIn, badIn + bad.size(), units, units + 8), 2u);
 }
 
+// After 0xED and 0xF4 only the upper bound of the second byte is tested.
 TEST(ConvertUtf, IsLegalUtf8Bounds)
 {
-    EXPECT_TRUE(Legal({0x41}));
-    EXPECT_FALSE(Legal({0x80}));
-    EXPECT_FALSE(Legal({0xC1, 0xBF}));
-    EXPECT_TRUE(Legal({0xC2, 0x80}));
-    EXPECT_FALSE(Legal({0xE0, 0x9F, 0x80}));
-    EXPECT_TRUE(Legal({0xE0, 0xA0, 0x80}));
-    EXPECT_FALSE(Legal({0xED, 0xA0, 0x80}));
-    EXPECT_TRUE(Legal({0xED, 0x9F, 0xBF}));
-    EXPECT_FALSE(Legal({0xF0, 0x8F, 0x80, 0x80}));
-    EXPECT_TRUE(Legal({0xF4, 0x8F, 0xBF, 0xBF}));
-    EXPECT_FALSE(Legal({0xF4, 0x90, 0x80, 0x80}));
-    EXPECT_FALSE(Legal({0xF5, 0x80, 0x80, 0x80}));
-    EXPECT_FALSE(Legal({0xE2, 0x82, 0x7F}));
-    // After 0xED and 0xF4 only the upper bound of the second byte is tested.
-    EXPECT_TRUE(Legal({0xED, 0x41, 0x80}));
-    EXPECT_TRUE(Legal({0xF4, 0x00, 0x80, 0x80}));
+    const struct {
+        std::vector<unsigned char> bytes;
+        bool legal;
+    } cases[] = {
+        {{0x41}, true}, {{0x80}, false}, {{0xC1, 0xBF}, false}, {{0xC2, 0x80}, true}, {{0xE0, 0x9F, 0x80}, false},
+        {{0xE0, 0xA0, 0x80}, true}, {{0xED, 0xA0, 0x80}, false}, {{0xED, 0x9F, 0xBF}, true},
+        {{0xF0, 0x8F, 0x80, 0x80}, false}, {{0xF4, 0x8F, 0xBF, 0xBF}, true}, {{0xF4, 0x90, 0x80, 0x80}, false},
+        {{0xF5, 0x80, 0x80, 0x80}, false}, {{0xE2, 0x82, 0x7F}, false}, {{0xED, 0x41, 0x80}, true},
+        {{0xF4, 0x00, 0x80, 0x80}, true}, {{0xF8, 0x88, 0x80, 0x80, 0x80}, false},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.legal, IsLegalUTF8(c.bytes.data(), static_cast<int>(c.bytes.size()))) << std::hex << +c.bytes[0];
     const unsigned char five[] = {0xF8, 0x88, 0x80, 0x80, 0x80};
-    EXPECT_FALSE(IsLegalUTF8(five, 5));
     EXPECT_FALSE(IsLegalUTF8(five, 0));
 }
 

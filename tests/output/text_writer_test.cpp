@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "WriterScript.h"
+
 using namespace NxXmlLib9;
 
 namespace {
@@ -42,8 +44,8 @@ std::string MessageOf(void (*action)(CXmlTextWriter&), CXmlTextWriter& writer)
     return "(no failure)";
 }
 
-struct TextWriter : ::testing::Test {
-    TextWriter() : stream(XmlEncodingUTF8), writer(stream) { writer.Open(); }
+struct SampleWriter {
+    SampleWriter() : stream(XmlEncodingUTF8), writer(stream) { writer.Open(); }
     std::string Text() const { return stream.GetText(); }
 
     // Root with an attribute, a text child, an attribute-only child and a
@@ -51,25 +53,16 @@ struct TextWriter : ::testing::Test {
     std::string WriteSampleTree()
     {
         writer.WriteStartDocument();
-        writer.WriteStartElement("root", "");
-        writer.WriteAttributeString("id", "", "1", ItemTypeString);
-        writer.WriteStartElement("a", "");
-        writer.WriteString("text", ItemTypeString);
-        writer.WriteEndElement();
-        writer.WriteStartElement("b", "");
-        writer.WriteAttributeString("x", "", "y", ItemTypeString);
-        writer.WriteEndElement();
-        writer.WriteStartElement("c", "");
-        writer.WriteStartElement("d", "");
-        writer.WriteEndElement();
-        writer.WriteEndElement();
-        writer.WriteEndElement();
+        Drive(writer, "<root|@id=1|<a|'text|>|<b|@x=y|>|<c|<d|>|>|>");
         writer.Close();
         return Text();
     }
 
     CTextStream stream;
     CXmlTextWriter writer;
+};
+
+struct TextWriter : ::testing::Test, SampleWriter {
 };
 
 const char kSampleFormatted[] =
@@ -84,28 +77,31 @@ const char kSampleFormatted[] =
 
 } // namespace
 
-TEST_F(TextWriter, FormattedTreeByDefault)
+// Formatted with LF by default; unformatted, only the declaration ends its
+// line; CR LF ends every line.
+TEST(TextWriterLayout, FormatAndLineEnds)
 {
-    EXPECT_TRUE(writer.GetFormat());
-    EXPECT_EQ(EOLTypeLF, writer.GetEOLType());
-    EXPECT_EQ(kSampleFormatted, WriteSampleTree());
-}
-
-TEST_F(TextWriter, UnformattedTreeHasOnlyTheDeclarationLineEnd)
-{
-    writer.SetFormat(false);
-    EXPECT_EQ("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-              "<root id=\"1\"><a>text</a><b x=\"y\"/><c><d/></c></root>",
-              WriteSampleTree());
-}
-
-TEST_F(TextWriter, CarriageReturnLineEnds)
-{
-    writer.SetEOLType(EOLTypeCRLF);
-    std::string expected;
+    std::string crlf;
     for (const char* p = kSampleFormatted; *p; ++p)
-        expected += *p == '\n' ? std::string("\r\n") : std::string(1, *p);
-    EXPECT_EQ(expected, WriteSampleTree());
+        crlf += *p == '\n' ? std::string("\r\n") : std::string(1, *p);
+    const struct {
+        bool format;
+        EOLType eol;
+        std::string text;
+    } cases[] = {
+        {true, EOLTypeLF, kSampleFormatted},
+        {false, EOLTypeLF, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                           "<root id=\"1\"><a>text</a><b x=\"y\"/><c><d/></c></root>"},
+        {true, EOLTypeCRLF, crlf},
+    };
+    for (const auto& c : cases) {
+        SampleWriter sample;
+        EXPECT_TRUE(sample.writer.GetFormat());
+        EXPECT_EQ(EOLTypeLF, sample.writer.GetEOLType());
+        sample.writer.SetFormat(c.format);
+        sample.writer.SetEOLType(c.eol);
+        EXPECT_EQ(c.text, sample.WriteSampleTree());
+    }
 }
 
 TEST_F(TextWriter, InvalidLineEndTypeIsRefusedAndChangesNothing)
@@ -151,27 +147,13 @@ TEST_F(TextWriter, EscapingInTextAndInAttributes)
 TEST_F(TextWriter, CDataPassesWholeAndEmptyTextLeavesElementSelfClosing)
 {
     writer.SetFormat(false);
-    writer.WriteStartElement("e", "");
-    writer.WriteString("<![CDATA[a<b]]> & more <", ItemTypeString);
-    writer.WriteEndElement();
-    writer.WriteStartElement("f", "");
-    writer.WriteString("<![CDATA", ItemTypeString);
-    writer.WriteEndElement();
-    writer.WriteStartElement("g", "");
-    writer.WriteString("", ItemTypeString);
-    writer.WriteAttributeString("late", "", "ok", ItemTypeString);
-    writer.WriteEndElement();
+    Drive(writer, "<e|'<![CDATA[a<b]]> & more <|>|<f|'<![CDATA|>|<g|'|@late=ok|>");
     EXPECT_EQ("<e><![CDATA[a<b]]> & more <</e><f>&lt;![CDATA</f><g late=\"ok\"/>", Text());
 }
 
 TEST_F(TextWriter, TextThenChildIndentsChildDirectlyAfterText)
 {
-    writer.WriteStartElement("p", "");
-    writer.WriteString("t", ItemTypeString);
-    writer.WriteStartElement("c", "");
-    writer.WriteEndElement();
-    writer.WriteString("u", ItemTypeString);
-    writer.WriteEndElement();
+    Drive(writer, "<p|'t|<c|>|'u|>");
     EXPECT_EQ("<p>t\t<c/>\nu</p>\n", Text());
 }
 
@@ -185,8 +167,7 @@ TEST_F(TextWriter, DirectivesInstructionsAndCommentsAlwaysEndTheLine)
     writer.WriteComment("c");  // neither closes the start tag nor counts
     writer.WriteAttributeString("a", "", "1", ItemTypeString);
     writer.WriteInlineSchema("s=\"<x>\"");
-    writer.WriteString("v", ItemTypeString);
-    writer.WriteEndElement();
+    Drive(writer, "'v|>");
     EXPECT_EQ("<!DOCTYPE r>\n<?pi x?>\n\n<!-- a&lt;b&gt;-- -->\n"
               "<r<!--c-->\n a=\"1\" \ns=\"<x>\"\n>v</r>",
               Text());
@@ -218,8 +199,7 @@ TEST_F(TextWriter, MisplacedDirectivesAndAttributesFail)
               MessageOf([](CXmlTextWriter& w) { w.WriteAttributeString("a", "", "1", ItemTypeString); }, writer));
     EXPECT_EQ(attributesFirst,
               MessageOf([](CXmlTextWriter& w) { w.WriteAttributeType("urn:t", "T", ItemTypeString); }, writer));
-    writer.WriteStartElement("c", "");
-    writer.WriteEndElement();
+    Drive(writer, "<c|>");
     EXPECT_EQ(attributesFirst, MessageOf([](CXmlTextWriter& w) { w.WriteAttributeNil(); }, writer));
     writer.WriteEndElement();
     EXPECT_THROW(writer.WriteEndElement(), CNxException);

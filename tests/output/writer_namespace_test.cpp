@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "WriterScript.h"
+
 using namespace NxXmlLib9;
 
 namespace {
@@ -96,55 +98,47 @@ TEST_F(NamespaceWriter, RootDeclarationOrder)
     writer.AddNamespace("y", "http://b");
     writer.AddNamespace("ext", CXmlWriter::XML_NAMESPACE + "/extension");
     writer.SetDefaultNamespace("http://d");
-    writer.WriteStartElement("root", "http://new");
-    writer.WriteEndElement();
+    Drive(writer, "<root{http://new}|>");
     EXPECT_EQ("<AA:root xmlns:AA=\"http://new\" xmlns=\"http://d\" xmlns:z=\"http://a\" xmlns:y=\"http://b\"/>",
               Text());
     EXPECT_EQ(0u, writer.GetNamespaceMap().count("http://new")) << "generated in the root scope only";
 }
 
-TEST_F(NamespaceWriter, DefaultNamespaceElementsAreBare)
+// Elements of the default namespace are bare; the last prefix bound to a
+// URI is used on start and end tags; a generated prefix skips one already
+// bound; attributes in a namespace always take a prefix.
+TEST(NamespaceWriterShapes, PrefixesOfElementsAndAttributes)
 {
-    writer.SetDefaultNamespace("urn:d");
-    writer.WriteStartElement("r", "urn:d");
-    writer.WriteStartElement("bare", "");
-    writer.WriteEndElement();
-    writer.WriteEndElement();
-    EXPECT_EQ("<r xmlns=\"urn:d\"><bare/></r>", Text());
-}
-
-TEST_F(NamespaceWriter, LastPrefixOfAUriIsUsedOnStartAndEndTags)
-{
-    writer.AddNamespace("p", "urn:x");
-    writer.AddNamespace("q", "urn:x");
-    writer.WriteStartElement("r", "urn:x");
-    writer.WriteStartElement("c", "urn:x");
-    writer.WriteString("v", ItemTypeString);
-    writer.WriteEndElement();
-    writer.WriteEndElement();
-    EXPECT_EQ("<q:r xmlns:q=\"urn:x\"><q:c>v</q:c></q:r>", Text());
-}
-
-TEST_F(NamespaceWriter, GeneratedPrefixSkipsOneAlreadyBound)
-{
-    writer.AddNamespace("AA", "urn:other");
-    writer.WriteStartElement("r", "urn:n");
-    writer.WriteEndElement();
-    EXPECT_EQ("<AB:r xmlns:AB=\"urn:n\" xmlns:AA=\"urn:other\"/>", Text());
+    const struct {
+        const char* defaultNamespace;
+        std::vector<std::pair<const char*, const char*>> bindings;
+        const char* script;
+        const char* text;
+    } cases[] = {
+        {"urn:d", {}, "<r{urn:d}|<bare|>|>", "<r xmlns=\"urn:d\"><bare/></r>"},
+        {"", {{"p", "urn:x"}, {"q", "urn:x"}}, "<r{urn:x}|<c{urn:x}|'v|>|>",
+         "<q:r xmlns:q=\"urn:x\"><q:c>v</q:c></q:r>"},
+        {"", {{"AA", "urn:other"}}, "<r{urn:n}|>", "<AB:r xmlns:AB=\"urn:n\" xmlns:AA=\"urn:other\"/>"},
+        {"urn:d", {}, "<r{urn:d}|@a{urn:d}=1|@b{urn:d}=2|@lang{http://www.w3.org/XML/1998/namespace}=en|>",
+         "<r xmlns=\"urn:d\" xmlns:AA=\"urn:d\" AA:a=\"1\" AA:b=\"2\" xml:lang=\"en\"/>"},
+    };
+    for (const auto& c : cases) {
+        CTextStream stream;
+        CXmlTextWriter writer(stream);
+        writer.SetFormat(false);
+        if (*c.defaultNamespace)
+            writer.SetDefaultNamespace(c.defaultNamespace);
+        for (const auto& binding : c.bindings)
+            writer.AddNamespace(binding.first, binding.second);
+        Drive(writer, c.script);
+        EXPECT_STREQ(c.text, stream.GetText()) << c.script;
+    }
 }
 
 TEST_F(NamespaceWriter, SiblingsEachDeclareTheirNewNamespace)
 {
     writer.SetFormat(true);
-    writer.WriteStartElement("r", "");
-    writer.WriteStartElement("a", "urn:n");
-    writer.WriteStartElement("b", "urn:n");
-    writer.WriteEndElement();
-    writer.WriteEndElement();
-    writer.WriteStartElement("a", "urn:n");
-    writer.WriteString("t", ItemTypeString);
-    writer.WriteEndElement();
-    writer.WriteEndElement();
+    Drive(writer, "<r|<a{urn:n}|<b{urn:n}|>|>|<a{urn:n}|'t|>|>");
     EXPECT_EQ("<r>\n"
               "\t<AA:a xmlns:AA=\"urn:n\">\n"
               "\t\t<AA:b/>\n"
@@ -152,17 +146,6 @@ TEST_F(NamespaceWriter, SiblingsEachDeclareTheirNewNamespace)
               "\t<AA:a xmlns:AA=\"urn:n\">t</AA:a>\n"
               "</r>\n",
               Text());
-}
-
-TEST_F(NamespaceWriter, AttributesInANamespaceAlwaysTakeAPrefix)
-{
-    writer.SetDefaultNamespace("urn:d");
-    writer.WriteStartElement("r", "urn:d");
-    writer.WriteAttributeString("a", "urn:d", "1", ItemTypeString);
-    writer.WriteAttributeString("b", "urn:d", "2", ItemTypeString);
-    writer.WriteAttributeString("lang", CXmlWriter::XML_NAMESPACE, "en", ItemTypeString);
-    writer.WriteEndElement();
-    EXPECT_EQ("<r xmlns=\"urn:d\" xmlns:AA=\"urn:d\" AA:a=\"1\" AA:b=\"2\" xml:lang=\"en\"/>", Text());
 }
 
 TEST_F(NamespaceWriter, TypeAttributeDeclarationIsFollowedByTwoBlanks)
@@ -185,8 +168,7 @@ TEST_F(NamespaceWriter, TypeAndNilWithKnownOrDefaultNamespace)
     writer.WriteAttributeType("urn:t", "T", ItemTypeString);
     writer.WriteAttributeType("", "N", ItemTypeString);
     writer.WriteAttributeNil();
-    writer.WriteEndElement();
-    writer.WriteEndElement();
+    Drive(writer, ">|>");
     EXPECT_EQ("<r xmlns=\"urn:d\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:t=\"urn:t\""
               " xsi:type=\"D\"><c xsi:type=\"t:T\" xsi:type=\"N\" xsi:nil=\"true\"/></r>",
               Text());
@@ -196,20 +178,10 @@ TEST_F(NamespaceWriter, TypeAndNilWithKnownOrDefaultNamespace)
 // nothing; a second root starts again from the writer's own map.
 TEST_F(NamespaceWriter, BindingsInsideAnElementStayInItsSubtree)
 {
-    writer.WriteStartElement("r", "");
-    writer.WriteStartElement("a", "");
+    Drive(writer, "<r|<a");
     writer.AddNamespace("p", "urn:p");
     writer.SetDefaultNamespace("urn:in");
-    writer.WriteStartElement("c", "urn:p");
-    writer.WriteEndElement();
-    writer.WriteStartElement("b", "urn:in");
-    writer.WriteEndElement();
-    writer.WriteEndElement();
-    writer.WriteStartElement("c", "urn:p");
-    writer.WriteEndElement();
-    writer.WriteEndElement();
-    writer.WriteStartElement("r", "urn:p");
-    writer.WriteEndElement();
+    Drive(writer, "<c{urn:p}|>|<b{urn:in}|>|>|<c{urn:p}|>|>|<r{urn:p}|>");
     EXPECT_EQ("<r><a><p:c/><b/></a><AA:c xmlns:AA=\"urn:p\"/></r><AA:r xmlns:AA=\"urn:p\"/>", Text());
     EXPECT_EQ(1u, writer.GetNamespaceMap().size());
 }

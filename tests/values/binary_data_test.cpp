@@ -8,6 +8,8 @@
 #include <string>
 #include <thread>
 
+#include "StreamTestFiles.h"
+
 using namespace NxXmlLib9;
 
 namespace {
@@ -143,19 +145,31 @@ TEST(BinaryDataHolder, AppendReservesAtLeast8192AndGrowsGeometrically)
     EXPECT_EQ(data[8192], 'c');
 }
 
-TEST(BinaryDataRelease, HandsTheArrayOver)
+// The array is handed over only from an unshared buffer; a failed hand-over
+// keeps its reference, and the buffer is unshared after.
+TEST(BinaryDataReserve, AppendsUpToTheReservedSizeMoveNothing)
 {
-    CBinaryData data("abc");
-    unsigned char* bytes = data.ReleaseData();
-    ASSERT_NE(bytes, nullptr);
-    EXPECT_EQ(std::memcmp(bytes, "abc", 3), 0);
-    EXPECT_EQ(data.GetData(), nullptr);
-    EXPECT_EQ(data.GetLength(), 0u);
-    delete[] bytes;
-    EXPECT_EQ(CBinaryData().ReleaseData(), nullptr);
+    const std::string piece(1000, 'x');
+    for (const char* start : {"", "abc"}) {
+        CBinaryData data = NxTest::DataOf(start);
+        CBinaryData shared = data;
+        data.Reserve(100000);
+        data.Append(reinterpret_cast<unsigned char*>(const_cast<char*>("!")), 1);
+        const unsigned char* array = data.GetData();
+        for (int i = 0; i < 99; ++i)
+            data.Append(piece);
+        EXPECT_EQ(data.GetData(), array) << "no reallocation inside the reserved room";
+        EXPECT_EQ(data.GetLength(), std::string(start).size() + 1 + 99000);
+        EXPECT_EQ(Bytes(data).substr(0, std::string(start).size() + 2), std::string(start) + "!x");
+        EXPECT_EQ(Bytes(shared), start) << "a shared buffer is separated first";
+
+        // A smaller reservation keeps what is there.
+        data.Reserve(10);
+        EXPECT_EQ(data.GetData(), array);
+    }
 }
 
-TEST(BinaryDataRelease, SharedBufferFailsAndStaysIntact)
+TEST(BinaryDataRelease, HandsTheArrayOverUnlessShared)
 {
     CBinaryData data("abc");
     {
@@ -164,10 +178,13 @@ TEST(BinaryDataRelease, SharedBufferFailsAndStaysIntact)
         EXPECT_EQ(Bytes(data), "abc");
         EXPECT_EQ(Bytes(copy), "abc");
     }
-    // The failed hand-over kept its reference: the buffer is unshared now.
     unsigned char* bytes = data.ReleaseData();
+    ASSERT_NE(bytes, nullptr);
     EXPECT_EQ(std::memcmp(bytes, "abc", 3), 0);
+    EXPECT_EQ(data.GetData(), nullptr);
+    EXPECT_EQ(data.GetLength(), 0u);
     delete[] bytes;
+    EXPECT_EQ(CBinaryData().ReleaseData(), nullptr);
 }
 
 TEST(BinaryDataIndex, BoundIsTheLengthItself)
@@ -212,28 +229,16 @@ TEST(BinaryDataCompare, EmptinessMeansNoHolder)
     EXPECT_FALSE(a == CBinaryData("ab"));
 }
 
-TEST(BinaryDataHex, UpperCaseOut)
+// Upper case out, either case in; an empty text gives an empty holder.
+TEST(BinaryDataHex, Conversions)
 {
     unsigned char bytes[] = {0xAB, 0x01, 0x00, 0xF0};
     EXPECT_EQ(CBinaryData(bytes, 4).GetAsHexString(), "AB0100F0");
     EXPECT_EQ(CBinaryData::GetAsHexString(nullptr, 3), "");
     EXPECT_EQ(CBinaryData().GetAsHexString(), "");
-}
-
-TEST(BinaryDataHex, EitherCaseIn)
-{
-    CBinaryData data;
-    data.SetAsHexString("ab01");
-    ASSERT_EQ(data.GetLength(), 2u);
-    EXPECT_EQ(data[0], 0xAB);
-    EXPECT_EQ(data[1], 0x01);
-    data.SetAsHexString("FfeE09");
-    EXPECT_EQ(data.GetAsHexString(), "FFEE09");
-}
-
-TEST(BinaryDataHex, EmptyTextGivesAnEmptyHolder)
-{
     CBinaryData data("old");
+    data.SetAsHexString("FfeE09");
+    EXPECT_EQ(Bytes(data), "\xFF\xEE\x09");
     data.SetAsHexString("");
     EXPECT_NE(data.GetData(), nullptr);
     EXPECT_EQ(data.GetLength(), 0u);

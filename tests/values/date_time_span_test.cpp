@@ -3,20 +3,9 @@
 #include "NxXmlLib9.h"
 #include "DateBuilders.h"
 #include "ExpectFailure.h"
+#include "Outcome.h"
 
 using namespace NxXmlLib9;
-
-namespace {
-
-void ExpectBadDuration(const char* text)
-{
-    SCOPED_TRACE(text);
-    ExpectFailure<CNxInvalidValueException>(
-        [&] { Span(text); },
-        std::string("Invalid XSD Duration [") + text + "] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]");
-}
-
-} // namespace
 
 TEST(DateTimeSpanParseTest, FullFormRoundTripsWithEveryField)
 {
@@ -30,18 +19,24 @@ TEST(DateTimeSpanParseTest, FullFormRoundTripsWithEveryField)
     EXPECT_EQ(789u, span.GetMilliSeconds());
     EXPECT_FALSE(span.IsNegative());
     EXPECT_EQ("P1Y2M3DT4H5M6.789S", span.ToString());
-    EXPECT_EQ("-P1D", Span("-P1D").ToString());
 }
 
-TEST(DateTimeSpanParseTest, RejectsMalformedTextsWithTheFullText)
+// Malformed texts are refused with the full text; fields are never folded,
+// and a point that ends the text stands for the 'S'.
+TEST(DateTimeSpanParseTest, ReadAndPrint)
 {
-    ExpectFailure<CNxInvalidValueException>([] { Span(nullptr); }, "Invalid XSD Duration (Null String)");
-    ExpectFailure<CNxInvalidValueException>([] { Span(""); }, "Invalid XSD Duration (Empty String)");
+    const std::string form = "] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]";
+    ExpectReads({
+        {ItemTypeDuration, "-P1D", "-P1D"}, {ItemTypeDuration, "PT90S", "PT90S"},
+        {ItemTypeDuration, "PT0.5S", "PT0.5S"}, {ItemTypeDuration, "PT1.", "PT1S"},
+        {ItemTypeDuration, "", "! InvalidValue: Invalid XSD Duration (Empty String)"},
+        {ItemTypeDuration, "PT1.1234567890S",
+         "! InvalidValue: Invalid XSD Duration [PT1.1234567890S] Fraction part too long"},
+    });
     for (const char* text : {"P", "PT", "-P", "-", "P1", "1Y", "P-1Y", "PT1M1H", "P1D1M", "PT1H1D", "P1S", "PT1S1S",
                              "PT1.5", "PT1.5X", "P1Y2Y3X", "P1DT"})
-        ExpectBadDuration(text);
-    ExpectFailure<CNxInvalidValueException>([] { Span("PT1.1234567890S"); },
-                                            "Invalid XSD Duration [PT1.1234567890S] Fraction part too long");
+        EXPECT_EQ("! InvalidValue: Invalid XSD Duration [" + std::string(text) + form, ReadAs(ItemTypeDuration, text));
+    ExpectFailure<CNxInvalidValueException>([] { Span(nullptr); }, "Invalid XSD Duration (Null String)");
 }
 
 TEST(DateTimeSpanParseTest, OrderRulesLetYearsStandAnywhere)
@@ -56,9 +51,7 @@ TEST(DateTimeSpanParseTest, OrderRulesLetYearsStandAnywhere)
 
 TEST(DateTimeSpanParseTest, FractionGroupsAndTheUnweightedNanoDigits)
 {
-    const CDateTimeSpan half = Span("PT0.5S");
-    EXPECT_EQ(500u, half.GetMilliSeconds());
-    EXPECT_EQ("PT0.5S", half.ToString());
+    EXPECT_EQ(500u, Span("PT0.5S").GetMilliSeconds());
 
     const CDateTimeSpan nine = Span("PT.123456789S");
     EXPECT_EQ(0u, nine.GetSeconds());
@@ -66,11 +59,6 @@ TEST(DateTimeSpanParseTest, FractionGroupsAndTheUnweightedNanoDigits)
     EXPECT_EQ(456u, nine.GetMicroSeconds());
     EXPECT_EQ(9u, nine.GetNanoSeconds()); // the last digit alone, no weight
     EXPECT_EQ(7u, Span("PT1.1234567S").GetNanoSeconds());
-
-    // A point that ends the text stands for the 'S'.
-    const CDateTimeSpan point = Span("PT1.");
-    EXPECT_EQ(1u, point.GetSeconds());
-    EXPECT_EQ("PT1S", point.ToString());
 }
 
 TEST(DateTimeSpanParseTest, ClearsFirstAndKeepsWhatWasReadOnFailure)
@@ -84,7 +72,6 @@ TEST(DateTimeSpanParseTest, ClearsFirstAndKeepsWhatWasReadOnFailure)
 
 TEST(DateTimeSpanPrintTest, FieldsAreNeverFoldedAndZeroPrintsP)
 {
-    EXPECT_EQ("PT90S", Span("PT90S").ToString());
     EXPECT_EQ("P", CDateTimeSpan().ToString());
     EXPECT_EQ("PT0.000001S", CDateTimeSpan(0, 0, 0, 0, 0, 0, 0, 1, 0).ToString());
     EXPECT_EQ("P1YT2H", CDateTimeSpan(1, 0, 0, 2, 0, 0).ToString());

@@ -29,26 +29,24 @@ TEST(WhitespaceTest, PreserveOfBufferHonoursLength)
     EXPECT_EQ("ab", WS::Preserve("a\rb", -1));
 }
 
-TEST(WhitespaceTest, ReplaceTurnsSeparatorsIntoBlanksAndDropsReturns)
+// Replace turns separators into blanks, collapse joins runs and trims; both
+// drop carriage returns, and a return between blanks does not end the run.
+TEST(WhitespaceTest, ReplaceAndCollapse)
 {
-    EXPECT_EQ("a b", WS::Replace("a\r\nb"));
-    EXPECT_EQ("  a  b ", WS::Replace("\t a\n\tb\r "));
-    EXPECT_EQ("ab", WS::Replace("a\rb"));
-    EXPECT_EQ("", WS::Replace(""));
-}
-
-TEST(WhitespaceTest, CollapseJoinsRunsAndTrims)
-{
-    EXPECT_EQ("a b", WS::Collapse("  a  b  "));
-    EXPECT_EQ("ab", WS::Collapse("a\rb"));
-    EXPECT_EQ("a b", WS::Collapse("a \r b"));
-    EXPECT_EQ("a b c", WS::Collapse("\t\na\t\t\n b\r\n\rc\n"));
-    EXPECT_EQ("", WS::Collapse("\r"));
-    EXPECT_EQ("", WS::Collapse(" \t\r\n "));
-    EXPECT_EQ("", WS::Collapse(""));
-    EXPECT_EQ("x", WS::Collapse("x"));
-    // A return between blanks does not end the run of blanks.
-    EXPECT_EQ("a b", WS::Collapse("a \r\r b \r"));
+    const struct {
+        const char* text;
+        const char* replaced;
+        const char* collapsed;
+    } cases[] = {
+        {"a\r\nb", "a b", "a b"},       {"\t a\n\tb\r ", "  a  b ", "a b"}, {"a\rb", "ab", "ab"},
+        {"", "", ""},                   {"  a  b  ", "  a  b  ", "a b"},    {"a \r b", "a  b", "a b"},
+        {"\t\na\t\t\n b\r\n\rc\n", "  a    b c ", "a b c"},                  {"\r", "", ""},
+        {" \t\r\n ", "    ", ""},      {"x", "x", "x"},                     {"a \r\r b \r", "a  b ", "a b"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.replaced, WS::Replace(c.text)) << "[" << c.text << "]";
+        EXPECT_EQ(c.collapsed, WS::Collapse(c.text)) << "[" << c.text << "]";
+    }
 }
 
 TEST(WhitespaceTest, ApplyRuleDispatchesAndRejectsUnknownRules)
