@@ -269,9 +269,14 @@ TEST(ExpatReaderDirect, AReaderServesOneParse)
         reader.Parse(false);
         // The destructor frees the parser left alive.
     }
+    // A narrow string is parsed in place and not kept after a load that
+    // succeeded; a byte stream is.
+    document.LoadXml("<a>1</a>");
+    EXPECT_EQ(nullptr, document.GetInputBuffer());
+    std::string bytes = "<a>1</a>";
+    document.LoadXmlStream(reinterpret_cast<unsigned char*>(&bytes[0]), bytes.size());
     // Feeding a document that already has a root fails inside a callback;
     // the failure comes out of Parse.
-    document.LoadXml("<a>1</a>");
     CExpatReader reader(document);
     reader.CreateParser();
     EXPECT_THROW(reader.Parse(true), CNxInvalidStateException);
