@@ -31,6 +31,15 @@ struct CXmlNodeName {
     const CXmlDocument* document;
 };
 
+class CXmlAttribute;
+
+// The name of an element that has attributes, with the list of them: only
+// such elements pay for a list.
+struct CXmlAttributedName {
+    const CXmlNodeName* name;
+    std::vector<CXmlAttribute*> attributes;
+};
+
 class CXmlAttribute : public CInstanceMonitor {
 public:
     CXmlAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri);
@@ -77,15 +86,18 @@ public:
     {
         return (m_link & LAST_CHILD_TAG) ? nullptr : reinterpret_cast<CXmlElement*>(m_link);
     }
-    const std::string& GetNamespaceURI() const { return m_name->namespaceUri; }
+    const std::string& GetNamespaceURI() const { return NameRecord().namespaceUri; }
     // Without prefix; in namespace-free mode the name as written.
-    const std::string& GetLocalName() const { return m_name->localName; }
+    const std::string& GetLocalName() const { return NameRecord().localName; }
     // All character data of the element, concatenated, without carriage
     // returns.
     const std::string& GetText() const { return m_text; }
-    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes ? *m_attributes : NoAttributes(); }
+    const std::vector<CXmlAttribute*>& GetAttributes() const
+    {
+        return HasAttributeList() ? Attributed()->attributes : NoAttributes();
+    }
     // The document whose namespace prefixes apply to this element.
-    const CXmlDocument* GetDocument() const { return m_name->document; }
+    const CXmlDocument* GetDocument() const { return NameRecord().document; }
 
     // Value of the first attribute with that local name and namespace; a
     // missing attribute gives a reference to one process-wide empty string,
@@ -122,6 +134,16 @@ private:
         return reinterpret_cast<CXmlElement*>(link & ~LAST_CHILD_TAG);
     }
     static const std::vector<CXmlAttribute*>& NoAttributes();
+    // The name word holds the name record, or, with this bit, the element's
+    // attributed name.
+    static const std::uintptr_t ATTRIBUTES_TAG = 1;
+    bool HasAttributeList() const { return (m_name & ATTRIBUTES_TAG) != 0; }
+    CXmlAttributedName* Attributed() const { return reinterpret_cast<CXmlAttributedName*>(m_name & ~ATTRIBUTES_TAG); }
+    const CXmlNodeName& NameRecord() const
+    {
+        return HasAttributeList() ? *Attributed()->name : *reinterpret_cast<const CXmlNodeName*>(m_name);
+    }
+    void SetNameRecord(const CXmlNodeName* name);
 
 protected:
     // Over a name record of the document.
@@ -136,9 +158,9 @@ private:
     // The next sibling, or, tagged, the first child of the parent.
     std::uintptr_t m_link;
     CXmlElement* m_lastChild;
-    const CXmlNodeName* m_name;
-    // Null while the element has no attributes.
-    std::vector<CXmlAttribute*>* m_attributes;
+    // A CXmlNodeName*, or a tagged CXmlAttributedName* once the element has
+    // an attribute list.
+    std::uintptr_t m_name;
     std::string m_text;
 };
 

@@ -30,13 +30,13 @@ CXmlElement::CXmlElement(const CXmlDocument* document)
     : CInstanceMonitor("CXmlElement"),
       m_link(0),
       m_lastChild(nullptr),
-      m_name(document ? &document->Name(std::string_view(), std::string_view()) : &Unnamed()),
-      m_attributes(nullptr)
+      m_name(reinterpret_cast<std::uintptr_t>(document ? &document->Name(std::string_view(), std::string_view())
+                                                        : &Unnamed()))
 {
 }
 
 CXmlElement::CXmlElement(const CXmlNodeName& name) noexcept
-    : CInstanceMonitor("CXmlElement"), m_link(0), m_lastChild(nullptr), m_name(&name), m_attributes(nullptr)
+    : CInstanceMonitor("CXmlElement"), m_link(0), m_lastChild(nullptr), m_name(reinterpret_cast<std::uintptr_t>(&name))
 {
 }
 
@@ -61,24 +61,33 @@ CXmlElement::~CXmlElement()
         element->m_link = 0;
         delete element;
     }
-    if (m_attributes) {
-        for (CXmlAttribute* attribute : *m_attributes)
+    const CXmlNodeName* name = &NameRecord();
+    if (HasAttributeList()) {
+        CXmlAttributedName* attributed = Attributed();
+        for (CXmlAttribute* attribute : attributed->attributes)
             delete attribute;
         // Over a document the list lives in the document's storage.
-        if (m_name->document)
-            CXmlNodeStorage::DestroyAttributeList(m_attributes);
+        if (name->document)
+            CXmlNodeStorage::DestroyAttributedName(attributed);
         else
-            delete m_attributes;
+            delete attributed;
     }
-    if (!m_name->document && m_name != &Unnamed())
-        delete m_name;
+    if (!name->document && name != &Unnamed())
+        delete name;
+}
+
+void CXmlElement::SetNameRecord(const CXmlNodeName* name)
+{
+    if (HasAttributeList())
+        Attributed()->name = name;
+    else
+        m_name = reinterpret_cast<std::uintptr_t>(name);
 }
 
 const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
 {
     static const std::string missing;
-    if (m_attributes)
-        for (const CXmlAttribute* attribute : *m_attributes) {
+    for (const CXmlAttribute* attribute : GetAttributes()) {
             if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceUri)
                 return attribute->GetValue();
         }
@@ -87,34 +96,36 @@ const std::string& CXmlElement::GetAttribute(const std::string& localName, const
 
 CXmlNodeName& CXmlElement::OwnName()
 {
-    if (m_name == &Unnamed())
-        m_name = new CXmlNodeName{std::string(), std::string(), nullptr};
-    return const_cast<CXmlNodeName&>(*m_name);
+    if (&NameRecord() == &Unnamed())
+        SetNameRecord(new CXmlNodeName{std::string(), std::string(), nullptr});
+    return const_cast<CXmlNodeName&>(NameRecord());
 }
 
 void CXmlElement::SetNamespace(const std::string& namespaceUri)
 {
-    if (const CXmlDocument* document = m_name->document)
-        m_name = &document->Name(namespaceUri, m_name->localName);
+    if (const CXmlDocument* document = GetDocument())
+        SetNameRecord(&document->Name(namespaceUri, GetLocalName()));
     else
         OwnName().namespaceUri = namespaceUri;
 }
 
 void CXmlElement::SetElementName(const std::string& localName)
 {
-    if (const CXmlDocument* document = m_name->document)
-        m_name = &document->Name(m_name->namespaceUri, localName);
+    if (const CXmlDocument* document = GetDocument())
+        SetNameRecord(&document->Name(GetNamespaceURI(), localName));
     else
         OwnName().localName = localName;
 }
 
 std::vector<CXmlAttribute*>& CXmlElement::AttributeList()
 {
-    if (!m_attributes) {
-        const CXmlDocument* document = m_name->document;
-        m_attributes = document ? document->m_storage->NewAttributeList() : new std::vector<CXmlAttribute*>();
+    if (!HasAttributeList()) {
+        const CXmlNodeName* name = &NameRecord();
+        CXmlAttributedName* attributed = name->document ? name->document->m_storage->NewAttributedName(*name)
+                                                        : new CXmlAttributedName{name, {}};
+        m_name = reinterpret_cast<std::uintptr_t>(attributed) | ATTRIBUTES_TAG;
     }
-    return *m_attributes;
+    return Attributed()->attributes;
 }
 
 void CXmlElement::AddAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri)
@@ -123,7 +134,7 @@ void CXmlElement::AddAttribute(const std::string& localName, const std::string& 
     // The slot is made first, so a failed allocation leaks no attribute.
     attributes.push_back(nullptr);
     try {
-        if (const CXmlDocument* document = m_name->document)
+        if (const CXmlDocument* document = GetDocument())
             attributes.back() =
                 document->m_storage->NewAttribute(document->Name(namespaceUri, localName), std::string(value));
         else
@@ -182,7 +193,7 @@ void CXmlElement::AppendChild(CXmlElement* child)
 
 CXmlElement* CXmlElement::CreateNewChildElement()
 {
-    const CXmlDocument* document = m_name->document;
+    const CXmlDocument* document = GetDocument();
     CXmlElement* child = document ? document->m_storage->NewElement(document->Name(std::string_view(), std::string_view()))
                                   : new CXmlElement(nullptr);
     AppendChild(child);

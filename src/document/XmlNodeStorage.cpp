@@ -10,9 +10,11 @@ namespace NxXmlLib9 {
 namespace {
 
 // The first block is small, so that a small document stays small; each
-// further one doubles up to the largest size.
+// further one doubles up to the largest size, which stays below the size
+// from which the allocator maps fresh pages for a block: blocks then come
+// back from one load to the next without the cost of mapping and zeroing.
 const size_t FIRST_BLOCK_SIZE = 4096;
-const size_t LARGEST_BLOCK_SIZE = 1UL << 20;
+const size_t LARGEST_BLOCK_SIZE = 64UL << 10;
 
 size_t Aligned(size_t size, size_t alignment)
 {
@@ -39,8 +41,6 @@ public:
     static void operator delete(void*) noexcept {}
     static void operator delete(void*, void*) noexcept {}
 };
-
-using AttributeList = std::vector<CXmlAttribute*>;
 
 } // namespace
 
@@ -148,9 +148,9 @@ CXmlAttribute* CXmlNodeStorage::NewAttribute(const CXmlNodeName& name, std::stri
     return new (Allocate(sizeof(CStoredAttribute))) CStoredAttribute(&name, std::move(value));
 }
 
-std::vector<CXmlAttribute*>* CXmlNodeStorage::NewAttributeList()
+CXmlAttributedName* CXmlNodeStorage::NewAttributedName(const CXmlNodeName& name)
 {
-    return new (Allocate(sizeof(AttributeList))) AttributeList();
+    return new (Allocate(sizeof(CXmlAttributedName))) CXmlAttributedName{&name, {}};
 }
 
 void CXmlNodeStorage::Recycle(CXmlElement* element)
@@ -168,14 +168,15 @@ void CXmlNodeStorage::Recycle(CXmlElement* element)
             current->m_lastChild = nullptr;
             chain = first;
         }
-        if (AttributeList* attributes = current->m_attributes) {
-            current->m_attributes = nullptr;
-            for (CXmlAttribute* attribute : *attributes) {
+        if (current->HasAttributeList()) {
+            CXmlAttributedName* attributed = current->Attributed();
+            current->m_name = reinterpret_cast<std::uintptr_t>(attributed->name);
+            for (CXmlAttribute* attribute : attributed->attributes) {
                 attribute->~CXmlAttribute();
                 Free(attribute, sizeof(CStoredAttribute));
             }
-            attributes->~AttributeList();
-            Free(attributes, sizeof(AttributeList));
+            attributed->~CXmlAttributedName();
+            Free(attributed, sizeof(CXmlAttributedName));
         }
         current->m_link = 0;
         current->~CXmlElement();

@@ -26,9 +26,9 @@ public:
 
     CXmlElement* NewElement(const CXmlNodeName& name);
     CXmlAttribute* NewAttribute(const CXmlNodeName& name, std::string&& value);
-    std::vector<CXmlAttribute*>* NewAttributeList();
-    // The destructor of an element over a document ends the list with this.
-    static void DestroyAttributeList(std::vector<CXmlAttribute*>* list) { list->~vector(); }
+    CXmlAttributedName* NewAttributedName(const CXmlNodeName& name);
+    // The destructor of an element over a document ends its list with this.
+    static void DestroyAttributedName(CXmlAttributedName* attributed) { attributed->~CXmlAttributedName(); }
     // Destroys an element taken out of the tree, with its subtree and
     // attributes, and keeps their memory for the next nodes.
     void Recycle(CXmlElement* element);
