@@ -146,6 +146,9 @@ public:
     CWhitespaceUtils::WhitespaceRule GetWhitespaceRule() const { return m_whitespaceRule; }
 
 protected:
+    // False for a collection made without any facet: its values need no
+    // check.
+    bool HasFacets() const { return m_restrictions != nullptr; }
     // Adds the text of each element from cursor on while it bears the
     // collection's name, and returns the first that does not (null at the
     // end of the siblings). Counts are not checked here.
