@@ -1,5 +1,6 @@
 #include "DocumentTestSupport.h"
 
+#include <set>
 #include <stdexcept>
 
 using namespace NxXmlLib9;
@@ -36,6 +37,17 @@ bool DropNamedDrop(CXmlElement* element)
 
 bool DropAll(CXmlElement*)
 {
+    return true;
+}
+
+// Drops the elements named "r", remembering where each one lived.
+std::set<const CXmlElement*> g_dropped;
+
+bool DropRecords(CXmlElement* element)
+{
+    if (element->GetLocalName() != "r")
+        return false;
+    g_dropped.insert(element);
     return true;
 }
 
@@ -165,6 +177,21 @@ TEST(ExpatReaderFilter, TheFilterSeesFinishedElementsChildrenFirstAndDropsThem)
     emptied.LoadXml("<r>1<a><b/></a>2<c/><![CDATA[3]]></r>");
     EXPECT_EQ(nullptr, emptied.GetDocumentElement()->GetFirstElement());
     EXPECT_EQ("12<![CDATA[3]]>", emptied.GetDocumentElement()->GetText());
+}
+
+TEST(ExpatReaderFilter, WhatTheFilterDropsMakesRoomForWhatFollows)
+{
+    // A document consumed record by record keeps its memory small: each
+    // dropped record, children and attributes included, makes room for the
+    // next, so the records come and go in the same few places.
+    std::string xml = "<all>";
+    for (int i = 0; i < 1000; ++i)
+        xml += "<r a='1'><f>the text of one record</f></r>";
+    g_dropped.clear();
+    CXmlDocument document(DropRecords);
+    document.LoadXml((xml + "</all>").c_str());
+    EXPECT_EQ(nullptr, document.GetDocumentElement()->GetFirstElement());
+    EXPECT_LE(g_dropped.size(), 2u);
 }
 
 TEST(ExpatReaderFilter, AFailureInsideTheParsePassesOutUnchanged)
