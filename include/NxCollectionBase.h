@@ -4,6 +4,7 @@
 // collections of primitive values with their common reading loop.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -142,12 +143,15 @@ public:
     // Parses one value of the collection's type and adds it.
     virtual void AddFromString(std::string text) = 0;
 
-    const CPrimitiveRestrictions& GetRestrictions() const { return m_restrictions; }
+    const CPrimitiveRestrictions& GetRestrictions() const { return m_restrictions ? *m_restrictions : NoFacets(); }
     ItemType GetItemType() const { return m_itemType; }
     const char* GetFormat() const { return m_format; }
     CWhitespaceUtils::WhitespaceRule GetWhitespaceRule() const { return m_whitespaceRule; }
 
 protected:
+    // False for a collection made without any facet: its values need no
+    // check.
+    bool HasFacets() const { return m_restrictions != nullptr; }
     // Adds the text of each element from cursor on while it bears the
     // collection's name, and returns the first that does not (null at the
     // end of the siblings). Counts are not checked here.
@@ -155,7 +159,11 @@ protected:
                              bool isOptionalChoice) override;
 
 private:
-    CPrimitiveRestrictions m_restrictions;
+    static const CPrimitiveRestrictions& NoFacets();
+
+    // Null when the collection has no facet, as most have: a collection is
+    // made with every object that holds one, so it stays small.
+    std::unique_ptr<const CPrimitiveRestrictions> m_restrictions;
     ItemType m_itemType;
     const char* m_format;
     CWhitespaceUtils::WhitespaceRule m_whitespaceRule;

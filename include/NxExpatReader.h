@@ -15,6 +15,7 @@ struct XML_ParserStruct;
 namespace NxXmlLib9 {
 
 class CXmlDocument;
+struct CXmlNodeName;
 
 class CExpatReader : public CInstanceMonitor {
 public:
@@ -52,14 +53,20 @@ private:
     static void Guarded(void* userData, Step step);
     std::string ToLocal(const char* text, int length);
     static std::string ToLocal(const char* text);
-    void InternName(const char* name, bool useScratch, const std::string*& namespaceUri,
-                    const std::string*& localName);
+    // The document's record of a name as the parser reports it.
+    const CXmlNodeName& NameOf(const char* name, bool useScratch);
+    // Text is gathered here while it arrives in pieces, and goes into the
+    // element at its next tag: each text enters the tree at its final size.
+    void AddText(const char* text, size_t length);
+    void FlushText();
     void FreeParser();
 
     CXmlDocument& m_document;
     char* m_scratch;
     unsigned long m_scratchSize;
     XML_ParserStruct* m_parser;
+    // Character data of the open element not yet in the tree.
+    std::string m_pendingText;
     // A failure raised inside a callback, kept until the parser has
     // returned: it must not unwind through the parser's C frames.
     std::exception_ptr m_pendingFailure;

@@ -164,15 +164,22 @@ protected:
 
 private:
     void WriteWithDefaultNamespace(CXmlWriter* writer, bool isOptionalChoice) const;
+    // The collections, made on first use: most elements read from a
+    // document have neither attributes nor children.
+    CAttributeCol& Attributes() const;
+    CElementCol& Elements() const;
 
     std::string m_name;
     std::string m_text;
     std::string m_namespace;
     std::string m_restriction;
     std::string m_targetNamespace;
-    CSmartPtr<CAttributeCol> m_attributes;
-    CSmartPtr<CElementCol> m_elements;
+    mutable CSmartPtr<CAttributeCol> m_attributes;
+    mutable CSmartPtr<CElementCol> m_elements;
     std::string m_defaultNamespace;
+    // The namespace the collections are made with: the element's namespace
+    // when Init ran.
+    std::string m_collectionNamespace;
 };
 
 // The child elements of an untyped element, or any elements of a generated

@@ -5,12 +5,11 @@
 // gathers all its character data.
 #pragma once
 
-#include <deque>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "NxFoundation.h"
@@ -21,6 +20,25 @@ namespace NxXmlLib9 {
 class CXmlDocument;
 class CExpatReader;
 class CFastInfosetReader;
+class CXmlNodeStorage;
+
+// The name pair of an element or attribute. A document keeps one record per
+// pair and all its nodes share it; a node made without a document has a
+// record of its own (document null).
+struct CXmlNodeName {
+    std::string localName;
+    std::string namespaceUri;
+    const CXmlDocument* document;
+};
+
+class CXmlAttribute;
+
+// The name of an element that has attributes, with the list of them: only
+// such elements pay for a list.
+struct CXmlAttributedName {
+    const CXmlNodeName* name;
+    std::vector<CXmlAttribute*> attributes;
+};
 
 class CXmlAttribute : public CInstanceMonitor {
 public:
@@ -29,8 +47,8 @@ public:
     CXmlAttribute(const CXmlAttribute&) = delete;
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
-    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
-    const std::string& GetLocalName() const { return *m_localName; }
+    const std::string& GetNamespaceURI() const { return m_name->namespaceUri; }
+    const std::string& GetLocalName() const { return m_name->localName; }
     const std::string& GetValue() const { return m_value; }
 
     // True for xmlns, type, schemaLocation and noNamespaceSchemaLocation in
@@ -40,21 +58,19 @@ public:
     // True for nil in either of those two namespaces.
     bool IsNilAttribute() const;
 
+protected:
+    // Over a name record of the document, which outlives the attribute.
+    CXmlAttribute(const CXmlNodeName* name, std::string&& value) noexcept;
+
 private:
-    friend class CXmlElement;
-    struct OwnNames;
-
-    // Over names interned by the element's document, which outlive it.
-    CXmlAttribute(const std::string* localName, std::string&& value, const std::string* namespaceUri);
-
-    // Name and namespace point into the document's interned names, or into
-    // the attribute's own copies when it was made without a document.
-    const std::string* m_localName;
+    const CXmlNodeName* m_name;
     std::string m_value;
-    const std::string* m_namespaceUri;
-    std::unique_ptr<OwnNames> m_ownNames;
 };
 
+// Elements (and their attributes) over a document live in the document's
+// node storage: they are freed together at its next Cleanup, so an element
+// taken out of the tree with RemoveLastChildElement must be deleted, if at
+// all, before then. Elements made without a document live on the heap.
 class CXmlElement : public CInstanceMonitor {
 public:
     explicit CXmlElement(const CXmlDocument* document);
@@ -65,17 +81,23 @@ public:
 
     // The members themselves: nothing is copied, and what is returned lives
     // as long as the element.
-    CXmlElement* GetFirstElement() const { return m_firstChild; }
-    CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
-    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
+    CXmlElement* GetFirstElement() const { return m_lastChild ? Untagged(m_lastChild->m_link) : nullptr; }
+    CXmlElement* GetNextSiblingElement() const
+    {
+        return (m_link & LAST_CHILD_TAG) ? nullptr : reinterpret_cast<CXmlElement*>(m_link);
+    }
+    const std::string& GetNamespaceURI() const { return NameRecord().namespaceUri; }
     // Without prefix; in namespace-free mode the name as written.
-    const std::string& GetLocalName() const { return *m_localName; }
+    const std::string& GetLocalName() const { return NameRecord().localName; }
     // All character data of the element, concatenated, without carriage
     // returns.
     const std::string& GetText() const { return m_text; }
-    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
+    const std::vector<CXmlAttribute*>& GetAttributes() const
+    {
+        return HasAttributeList() ? Attributed()->attributes : NoAttributes();
+    }
     // The document whose namespace prefixes apply to this element.
-    const CXmlDocument* GetDocument() const { return m_document; }
+    const CXmlDocument* GetDocument() const { return NameRecord().document; }
 
     // Value of the first attribute with that local name and namespace; a
     // missing attribute gives a reference to one process-wide empty string,
@@ -86,9 +108,10 @@ public:
     void SetElementName(const std::string& localName);
     // Appended after the existing ones; duplicates are kept.
     void AddAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri);
-    // Appends length bytes (nothing when length is not positive). The text
-    // grows geometrically, so text arriving in many small pieces costs
-    // linear time overall.
+    // Appends length bytes (nothing when length is not positive). The first
+    // piece is taken at its own size; later ones grow the text
+    // geometrically, so text arriving in many small pieces costs linear
+    // time overall.
     void AppendText(const char* text, int length);
     void AppendText(const char* text);
     // A new empty child over the same document, linked after the last one.
@@ -99,27 +122,46 @@ public:
 
 private:
     friend class CXmlDocument;
+    friend class CXmlNodeStorage;
     friend class CExpatReader;
-    struct OwnNames;
 
-    // The parsers' forms: names already interned by the document.
-    void SetInternedNames(const std::string& namespaceUri, const std::string& localName);
-    void AddInternedAttribute(const std::string& localName, std::string&& value, const std::string& namespaceUri);
-    // The name's copy that outlives this element: interned by the document,
-    // or kept in the element's own copies when there is no document.
-    const std::string& KeepName(const std::string& name, bool isNamespace);
+    // The link of the last child carries this bit and points back to the
+    // first child, so that the parent needs one pointer for constant-time
+    // appends and still finds its first child.
+    static const std::uintptr_t LAST_CHILD_TAG = 1;
+    static CXmlElement* Untagged(std::uintptr_t link)
+    {
+        return reinterpret_cast<CXmlElement*>(link & ~LAST_CHILD_TAG);
+    }
+    static const std::vector<CXmlAttribute*>& NoAttributes();
+    // The name word holds the name record, or, with this bit, the element's
+    // attributed name.
+    static const std::uintptr_t ATTRIBUTES_TAG = 1;
+    bool HasAttributeList() const { return (m_name & ATTRIBUTES_TAG) != 0; }
+    CXmlAttributedName* Attributed() const { return reinterpret_cast<CXmlAttributedName*>(m_name & ~ATTRIBUTES_TAG); }
+    const CXmlNodeName& NameRecord() const
+    {
+        return HasAttributeList() ? *Attributed()->name : *reinterpret_cast<const CXmlNodeName*>(m_name);
+    }
+    void SetNameRecord(const CXmlNodeName* name);
 
-    const CXmlDocument* m_document;
-    CXmlElement* m_nextSibling;
-    CXmlElement* m_firstChild;
+protected:
+    // Over a name record of the document.
+    explicit CXmlElement(const CXmlNodeName& name) noexcept;
+
+private:
+    void AppendChild(CXmlElement* child);
+    // A name record of this element's own, for an element without document.
+    CXmlNodeName& OwnName();
+    std::vector<CXmlAttribute*>& AttributeList();
+
+    // The next sibling, or, tagged, the first child of the parent.
+    std::uintptr_t m_link;
     CXmlElement* m_lastChild;
-    std::vector<CXmlAttribute*> m_attributes;
+    // A CXmlNodeName*, or a tagged CXmlAttributedName* once the element has
+    // an attribute list.
+    std::uintptr_t m_name;
     std::string m_text;
-    // Name and namespace point into the document's interned names (the
-    // same few strings serve every element), or into m_ownNames.
-    const std::string* m_localName;
-    const std::string* m_namespaceUri;
-    std::unique_ptr<OwnNames> m_ownNames;
 };
 
 // Loads one input and owns the tree built from it. Strings, narrow and wide,
@@ -172,7 +214,10 @@ public:
     // namespace stands under the empty alias. Unknown aliases give "".
     std::string LookupNamespaceFromAlias(const char* alias) const;
 
-    // The input being parsed, kept until the next Cleanup.
+    // The input being parsed, kept until the next Cleanup. A narrow
+    // string is parsed in place, without a copy: after a load from one
+    // that succeeded there is no input buffer (null, size 0); after one that
+    // failed the document holds a copy.
     const unsigned char* GetInputBuffer() const { return m_inputBuffer; }
     unsigned long GetInputSize() const { return m_inputSize; }
     SchemaType GetSchemaType() const { return m_schemaType; }
@@ -199,17 +244,20 @@ private:
     friend class CFastInfosetReader;
     friend class CXmlElement;
 
-    // The one copy of a name or namespace URI that every node of this
-    // document shares; it stays until the next Cleanup.
-    const std::string& Intern(std::string_view text) const;
-    // AddDocElement and AddChildElement over names already interned: every
-    // element of either parser is added through these two.
-    CXmlElement* AddInternedDocElement(const std::string& namespaceUri, const std::string& localName);
-    CXmlElement* AddInternedChildElement(const std::string& namespaceUri, const std::string& localName);
+    // The record of a name pair that every node of this document with that
+    // pair shares; it stays until the next Cleanup.
+    const CXmlNodeName& Name(std::string_view namespaceUri, std::string_view localName) const;
+    // AddDocElement and AddChildElement over a name record of this
+    // document: every element of either parser is added through these two.
+    CXmlElement* AddNamedDocElement(const CXmlNodeName& name);
+    CXmlElement* AddNamedChildElement(const CXmlNodeName& name);
 
     void FreeContent();
     static void ReleaseTextSlack(CXmlElement* element);
     void AdoptInput(unsigned char* buffer, unsigned long size);
+    // After a failed load of a caller's text, the document keeps a copy of
+    // the input, as it does of any other input.
+    void KeepBorrowedInput();
     // The stages ahead of the XML text parser on the path of files and
     // streams.
     void DecompressInput();
@@ -217,16 +265,16 @@ private:
 
     CXmlElement* m_documentElement;
     std::vector<CXmlElement*> m_openElements;
-    std::map<std::string, std::string> m_prefixMap;
+    std::map<std::string, std::string, std::less<>> m_prefixMap;
     unsigned char* m_inputBuffer;
     unsigned long m_inputSize;
+    // False while a narrow string is read in place: the caller owns it.
+    bool m_ownsInput;
     SchemaType m_schemaType;
     bool (*m_filter)(CXmlElement*);
     const CXmlSerializationContext& m_context;
-    // Interned names: the deque keeps each string in place, the index finds
-    // it by its text.
-    mutable std::deque<std::string> m_names;
-    mutable std::unordered_map<std::string_view, const std::string*> m_nameIndex;
+    // The nodes and name records of the tree.
+    std::unique_ptr<CXmlNodeStorage> m_storage;
 };
 
 // Stored for the callers that set it; reading files does not depend on it.

@@ -62,24 +62,40 @@ void CElement::Init(const char* name, const char* namespaceUri, const char* rest
     const std::string namespaceText = OrEmpty(namespaceUri);
     CXmlObjectHelper::TestNamespace(namespaceText, restriction, targetNamespace);
 
-    // The collections are made before anything is stored, so a failure
-    // leaves the element as it was.
-    CSmartPtr<CAttributeCol> attributes(new CAttributeCol(namespaceText.c_str(), "##any", targetNamespace));
-    CSmartPtr<CElementCol> elements(new CElementCol(namespaceText.c_str(), "##any", targetNamespace, 0, -1));
+    // New empty collections, which admit any namespace, are made when
+    // first needed, over this namespace.
     m_name = name;
     m_namespace = namespaceText;
     m_restriction = restriction;
     m_targetNamespace = targetNamespace;
-    m_attributes = attributes;
-    m_elements = elements;
+    m_collectionNamespace = namespaceText;
+    m_attributes = nullptr;
+    m_elements = nullptr;
+}
+
+CAttributeCol& CElement::Attributes() const
+{
+    if (!m_attributes)
+        m_attributes = new CAttributeCol(m_collectionNamespace.c_str(), "##any", m_targetNamespace.c_str());
+    return *m_attributes;
+}
+
+CElementCol& CElement::Elements() const
+{
+    if (!m_elements)
+        m_elements = new CElementCol(m_collectionNamespace.c_str(), "##any", m_targetNamespace.c_str(), 0, -1);
+    return *m_elements;
 }
 
 CSmartPtr<CElement> CElement::Clone() const
 {
     CSmartPtr<CElement> clone(
         new CElement(m_name.c_str(), m_namespace.c_str(), m_restriction.c_str(), m_targetNamespace.c_str()));
-    clone->m_attributes = m_attributes->Clone();
-    clone->m_elements = m_elements->Clone();
+    clone->m_collectionNamespace = m_collectionNamespace;
+    if (m_attributes)
+        clone->m_attributes = m_attributes->Clone();
+    if (m_elements)
+        clone->m_elements = m_elements->Clone();
     clone->m_text = m_text;
     return clone;
 }
@@ -97,10 +113,10 @@ void CElement::SetNamespaceRestrictions(const char* restriction, const char* tar
                          m_namespace.c_str(), restrictionText.c_str()),
             e);
     }
-    for (CNode* node = m_attributes->begin(); node != m_attributes->end(); node = node->next)
+    for (CNode* node = m_attributes ? m_attributes->begin() : nullptr; node; node = node->next)
         if (node->item)
             CXmlObjectHelper::TestNamespace(node->item->GetNamespace(), restrictionText, targetText);
-    for (CNode* node = m_elements->begin(); node != m_elements->end(); node = node->next)
+    for (CNode* node = m_elements ? m_elements->begin() : nullptr; node; node = node->next)
         if (CElement* child = dynamic_cast<CElement*>(static_cast<CXmlObjectBase*>(node->item)))
             child->SetNamespaceRestrictions(restriction, targetNamespace);
 }
@@ -125,9 +141,9 @@ void CElement::SetNamespace(const char* namespaceUri)
 
 void CElement::SetDefaultNamespace(const char* namespaceUri) { m_defaultNamespace = OrEmpty(namespaceUri); }
 
-CSmartPtr<CAttributeCol> CElement::GetAttributes() const { return m_attributes; }
+CSmartPtr<CAttributeCol> CElement::GetAttributes() const { return &Attributes(); }
 
-CSmartPtr<CElementCol> CElement::GetElements() const { return m_elements; }
+CSmartPtr<CElementCol> CElement::GetElements() const { return &Elements(); }
 
 void CElement::FireOnChangeName(const char*) {}
 

@@ -24,10 +24,12 @@ void CElement::CopyXmlElement(CXmlElement* element)
     m_name = element->GetLocalName();
     m_namespace = element->GetNamespaceURI();
     m_text = element->GetText();
-    m_attributes->Clear();
-    m_elements->Clear();
+    if (m_attributes)
+        m_attributes->Clear();
+    if (m_elements)
+        m_elements->Clear();
     for (const CXmlAttribute* attribute : element->GetAttributes()) {
-        m_attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+        Attributes().Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
                           attribute->GetNamespaceURI().c_str());
         // In namespace-free mode a default declaration reaches the tree as an
         // attribute; it is kept both ways.
@@ -37,7 +39,7 @@ void CElement::CopyXmlElement(CXmlElement* element)
     for (CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement()) {
         CSmartPtr<CElement> copy(new CElement(child->GetLocalName().c_str()));
         copy->CopyXmlElement(child);
-        m_elements->Add(copy);
+        Elements().Add(copy);
     }
 }
 
@@ -46,8 +48,11 @@ CXmlElement* CElement::FromXml_Int(CXmlElement* /*element*/, CXmlElement* cursor
 {
     if (!cursor || !CXmlObjectHelper::IsNamespaceValid(cursor->GetNamespaceURI(), m_restriction, m_targetNamespace))
         return cursor;
-    CXmlObjectBase::FromXml_Int(m_attributes, cursor, nullptr, context);
-    if (CXmlObjectBase::FromXml_Int(m_elements, cursor, cursor->GetFirstElement(), context))
+    // Collections are made only for what the element holds.
+    if (!cursor->GetAttributes().empty())
+        CXmlObjectBase::FromXml_Int(&Attributes(), cursor, nullptr, context);
+    CXmlElement* firstChild = cursor->GetFirstElement();
+    if (firstChild && CXmlObjectBase::FromXml_Int(&Elements(), cursor, firstChild, context))
         // The enclosing element is named, not the refused child.
         throw CNxValidationException(FormatString("Invalid Element [%s] found in element [%s]",
                                                   cursor->GetLocalName().c_str(), m_name.c_str()));
@@ -65,8 +70,11 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool /*isRoot*/, const char* elemen
         return;
     }
     writer->WriteStartElement(m_name, m_namespace);
-    CXmlObjectBase::ToXml_Int(m_attributes, writer, false, elementNamespace, context, false);
-    CXmlObjectBase::ToXml_Int(m_elements, writer, false, elementNamespace, context, isOptionalChoice);
+    // A collection not yet made is empty and writes nothing.
+    if (m_attributes)
+        CXmlObjectBase::ToXml_Int(m_attributes, writer, false, elementNamespace, context, false);
+    if (m_elements)
+        CXmlObjectBase::ToXml_Int(m_elements, writer, false, elementNamespace, context, isOptionalChoice);
     // Text goes after the children, wherever it stood in the source.
     writer->WriteString(m_text, ItemTypeString);
     writer->WriteEndElement();
@@ -93,7 +101,8 @@ void CElement::WriteWithDefaultNamespace(CXmlWriter* writer, bool isOptionalChoi
 
     CXmlSerializationContext innerContext;
     innerContext.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
-    CXmlObjectBase::ToXml_Int(m_elements, &inner, false, m_namespace.c_str(), innerContext, isOptionalChoice);
+    if (m_elements)
+        CXmlObjectBase::ToXml_Int(m_elements, &inner, false, m_namespace.c_str(), innerContext, isOptionalChoice);
     inner.WriteString(m_text, ItemTypeString);
     inner.WriteEndElement();
     stream.Flush();

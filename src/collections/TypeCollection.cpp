@@ -12,11 +12,23 @@ CXmlTypeCollection::CXmlTypeCollection(ItemType itemType, const char* elementNam
                                        const char* minExclusive, const char* maxExclusive, int length,
                                        CWhitespaceUtils::WhitespaceRule whitespaceRule, const char* format)
     : CXmlCollectionBase(elementName, namespaceUri, minOccurs, maxOccurs),
-      m_restrictions(pattern, minLength, maxLength, minInclusive, maxInclusive, minExclusive, maxExclusive, length),
       m_itemType(itemType),
       m_format(format),
       m_whitespaceRule(whitespaceRule)
 {
+    const bool noText = (!pattern || !*pattern) && (!minInclusive || !*minInclusive) &&
+                        (!maxInclusive || !*maxInclusive) && (!minExclusive || !*minExclusive) &&
+                        (!maxExclusive || !*maxExclusive);
+    const CPrimitiveRestrictions& none = NoFacets();
+    if (!noText || minLength != none.MinLength || maxLength != none.MaxLength || length != none.Length)
+        m_restrictions.reset(new CPrimitiveRestrictions(pattern, minLength, maxLength, minInclusive, maxInclusive,
+                                                        minExclusive, maxExclusive, length));
+}
+
+const CPrimitiveRestrictions& CXmlTypeCollection::NoFacets()
+{
+    static const CPrimitiveRestrictions none;
+    return none;
 }
 
 CXmlTypeCollection::~CXmlTypeCollection() = default;

@@ -34,7 +34,9 @@ template <class Kind>
 void CPrimitiveCol<Kind>::AddAt(int index, Argument value)
 {
     TypedCollectionSteps::Insert(*this, m_items, index, value, [this, &value] {
-        Kind::CheckFacets(GetElementName().c_str(), value, GetRestrictions());
+        // Without a facet every value passes; the check would only copy it.
+        if (HasFacets())
+            Kind::CheckFacets(GetElementName().c_str(), value, GetRestrictions());
     });
 }
 

@@ -4,11 +4,15 @@
 #include "NxEncoder.h"
 #include "NxException.h"
 #include "NxXmlDocument.h"
+#include "document/XmlNodeStorage.h"
 #include "foundation/TextArgument.h"
 
 #include <expat.h>
 
 #include <algorithm>
+#include <climits>
+#include <map>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <string_view>
@@ -22,9 +26,31 @@ const unsigned long SCRATCH_SIZE = 1024;
 const char NAMESPACE_SEPARATOR = '|';
 // The input reaches the parser in slices of this size: the parser copies
 // what it is given into its own buffer, and slices keep that buffer small
-// beside the input, whatever the input's size. They also keep every length
-// within the parser's int argument.
-const unsigned long PARSE_SLICE = 1UL << 20;
+// (and in the cache) beside the input, whatever the input's size. They also
+// keep every length within the parser's int argument.
+const unsigned long PARSE_SLICE = 32UL << 10;
+// Pending text that grew beyond this is given back once it has gone into
+// its element, so that one long text does not hold memory for the rest of
+// the parse.
+const size_t PENDING_TEXT_KEPT = 64UL << 10;
+
+// True when no byte has its high bit set: such UTF-8 reads the same in
+// every local code page. Eight bytes at a time.
+bool IsSevenBit(const char* text, size_t length)
+{
+    const unsigned char* bytes = reinterpret_cast<const unsigned char*>(text);
+    size_t i = 0;
+    for (; i + 8 <= length; i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, bytes + i, sizeof word);
+        if (word & 0x8080808080808080ULL)
+            return false;
+    }
+    for (; i < length; ++i)
+        if (bytes[i] & 0x80)
+            return false;
+    return true;
+}
 
 } // namespace
 
@@ -103,9 +129,17 @@ void CExpatReader::Parse(bool isFinal)
     } while (parsed && remaining > 0);
 
     if (parsed && !m_pendingFailure) {
+        // Text still gathered belongs to the element the input stops in.
+        FlushText();
         if (isFinal)
             FreeParser();
         return;
+    }
+    // A failed parse leaves the tree as far as it got, text included.
+    try {
+        FlushText();
+    } catch (...) {
+        m_pendingText.clear();
     }
 
     if (m_pendingFailure) {
@@ -156,50 +190,89 @@ std::string CExpatReader::ToLocal(const char* text)
     return CEncoder::Utf8ToLocalCodePage(text);
 }
 
-// The document's interned namespace URI and local name of a name the
-// parser reports. A 7-bit name reads the same in the local code page and is
-// split where it lies; any other is converted first.
-void CExpatReader::InternName(const char* name, bool useScratch, const std::string*& namespaceUri,
-                              const std::string*& localName)
+// The document's record of a name as the parser reports it. The raw name
+// is looked up first, so a name seen before costs one hash; a new one is
+// converted to the local code page (unless it is 7-bit) and split at the
+// first separator.
+const CXmlNodeName& CExpatReader::NameOf(const char* name, bool useScratch)
 {
-    const size_t length = std::strlen(name);
+    CXmlNodeStorage& storage = *m_document.m_storage;
+    const std::string_view raw(name);
+    const size_t hash = CXmlNodeStorage::Hash(raw);
+    if (const CXmlNodeName* known = storage.FindRawName(raw, hash))
+        return *known;
     std::string converted;
-    if (DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(name)),
-                                                    static_cast<unsigned long>(length))) {
-        converted = useScratch ? ToLocal(name, static_cast<int>(length)) : ToLocal(name);
-        name = converted.c_str();
+    std::string_view whole = raw;
+    if (!IsSevenBit(raw.data(), raw.size())) {
+        converted = useScratch ? ToLocal(name, static_cast<int>(raw.size())) : ToLocal(name);
+        whole = std::string_view(converted.c_str());
     }
-    const std::string_view whole(name);
     const size_t separator = whole.find(NAMESPACE_SEPARATOR);
-    if (separator == std::string_view::npos) {
-        namespaceUri = &m_document.Intern(std::string_view());
-        localName = &m_document.Intern(whole);
-        return;
+    const CXmlNodeName& record = separator == std::string_view::npos
+                                     ? storage.Name(std::string_view(), whole)
+                                     : storage.Name(whole.substr(0, separator), whole.substr(separator + 1));
+    storage.AddRawName(raw, hash, record);
+    return record;
+}
+
+void CExpatReader::AddText(const char* text, size_t length)
+{
+    // Carriage returns that the parser lets through (written as character
+    // references) are dropped.
+    const char* end = text + length;
+    while (text < end) {
+        const char* cr = static_cast<const char*>(std::memchr(text, '\r', static_cast<size_t>(end - text)));
+        const char* runEnd = cr ? cr : end;
+        m_pendingText.append(text, static_cast<size_t>(runEnd - text));
+        text = cr ? cr + 1 : end;
     }
-    namespaceUri = &m_document.Intern(whole.substr(0, separator));
-    localName = &m_document.Intern(whole.substr(separator + 1));
+}
+
+void CExpatReader::FlushText()
+{
+    if (m_pendingText.empty())
+        return;
+    std::vector<CXmlElement*>& open = m_document.m_openElements;
+    if (!open.empty()) {
+        const char* text = m_pendingText.data();
+        size_t remaining = m_pendingText.size();
+        while (remaining > 0) {
+            const int slice = static_cast<int>(std::min<size_t>(remaining, INT_MAX));
+            open.back()->AppendText(text, slice);
+            text += slice;
+            remaining -= static_cast<size_t>(slice);
+        }
+    }
+    m_pendingText.clear();
+    if (m_pendingText.capacity() > PENDING_TEXT_KEPT)
+        std::string().swap(m_pendingText);
 }
 
 void CExpatReader::FnStartElement(void* userData, const char* name, const char** attributes)
 {
     Guarded(userData, [name, attributes](CExpatReader& reader) {
         CXmlDocument& document = reader.m_document;
-        const std::string* namespaceUri = nullptr;
-        const std::string* localName = nullptr;
-        reader.InternName(name, true, namespaceUri, localName);
-        CXmlElement* element = document.GetDocumentElement()
-                                   ? document.AddInternedChildElement(*namespaceUri, *localName)
-                                   : document.AddInternedDocElement(*namespaceUri, *localName);
-        for (const char** attribute = attributes; attribute && attribute[0]; attribute += 2) {
-            reader.InternName(attribute[0], false, namespaceUri, localName);
+        // The parent's text so far goes in ahead of the child.
+        reader.FlushText();
+        const CXmlNodeName& elementName = reader.NameOf(name, true);
+        CXmlElement* element = document.GetDocumentElement() ? document.AddNamedChildElement(elementName)
+                                                             : document.AddNamedDocElement(elementName);
+        if (!attributes || !attributes[0])
+            return;
+        size_t count = 0;
+        while (attributes[2 * count])
+            ++count;
+        CXmlNodeStorage& storage = *document.m_storage;
+        std::vector<CXmlAttribute*>& list = element->AttributeList();
+        // Reserved ahead, so that no attribute is made that the list could
+        // then fail to take.
+        list.reserve(list.size() + count);
+        for (const char** attribute = attributes; attribute[0]; attribute += 2) {
+            const CXmlNodeName& attributeName = reader.NameOf(attribute[0], false);
             const char* value = attribute[1];
             const size_t valueLength = std::strlen(value);
-            std::string localValue =
-                DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(value)),
-                                                            static_cast<unsigned long>(valueLength))
-                    ? ToLocal(value)
-                    : std::string(value, valueLength);
-            element->AddInternedAttribute(*localName, std::move(localValue), *namespaceUri);
+            std::string localValue = IsSevenBit(value, valueLength) ? std::string(value, valueLength) : ToLocal(value);
+            list.push_back(storage.NewAttribute(attributeName, std::move(localValue)));
         }
     });
 }
@@ -207,7 +280,10 @@ void CExpatReader::FnStartElement(void* userData, const char* name, const char**
 void CExpatReader::FnEndElement(void* userData, const char* name)
 {
     (void)name;
-    Guarded(userData, [](CExpatReader& reader) { reader.m_document.EndElement(); });
+    Guarded(userData, [](CExpatReader& reader) {
+        reader.FlushText();
+        reader.m_document.EndElement();
+    });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri)
@@ -216,9 +292,21 @@ void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const ch
     // both stand as empty texts. The map is flat, so the last declaration
     // in document order wins.
     Guarded(userData, [prefix, uri](CExpatReader& reader) {
-        std::string alias = prefix ? reader.ToLocal(prefix, static_cast<int>(std::strlen(prefix))) : std::string();
-        std::string namespaceUri = uri ? reader.ToLocal(uri, static_cast<int>(std::strlen(uri))) : std::string();
-        reader.m_document.m_prefixMap[std::move(alias)] = std::move(namespaceUri);
+        const std::string_view alias(OrEmpty(prefix));
+        const std::string_view namespaceUri(OrEmpty(uri));
+        std::map<std::string, std::string, std::less<>>& map = reader.m_document.m_prefixMap;
+        if (IsSevenBit(alias.data(), alias.size()) && IsSevenBit(namespaceUri.data(), namespaceUri.size())) {
+            // A declaration repeated on every record costs a look-up only.
+            const auto found = map.find(alias);
+            if (found == map.end())
+                map.emplace(std::string(alias), std::string(namespaceUri));
+            else if (found->second != namespaceUri)
+                found->second.assign(namespaceUri.data(), namespaceUri.size());
+            return;
+        }
+        std::string localAlias = reader.ToLocal(alias.data(), static_cast<int>(alias.size()));
+        std::string localUri = reader.ToLocal(namespaceUri.data(), static_cast<int>(namespaceUri.size()));
+        map[std::move(localAlias)] = std::move(localUri);
     });
 }
 
@@ -227,35 +315,31 @@ void CExpatReader::FnText(void* userData, const char* text, int length)
     if (length <= 0)
         return;
     Guarded(userData, [text, length](CExpatReader& reader) {
-        std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
-        if (open.empty())
+        if (reader.m_document.m_openElements.empty())
             return;
-        // 7-bit text goes into the tree straight from the parser's buffer.
-        if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
-                                                         static_cast<unsigned long>(length))) {
-            CXmlDocument::AppendTextExcludingCR(open.back(), text, static_cast<unsigned long>(length));
+        const size_t size = static_cast<size_t>(length);
+        if (IsSevenBit(text, size)) {
+            reader.AddText(text, size);
             return;
         }
         const std::string local = reader.ToLocal(text, length);
-        CXmlDocument::AppendTextExcludingCR(open.back(), local.c_str());
+        reader.AddText(local.c_str(), std::strlen(local.c_str()));
     });
 }
 
 void CExpatReader::FnStartCDATA(void* userData)
 {
     Guarded(userData, [](CExpatReader& reader) {
-        std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
-        if (!open.empty())
-            CXmlDocument::AppendTextExcludingCR(open.back(), "<![CDATA[");
+        if (!reader.m_document.m_openElements.empty())
+            reader.AddText("<![CDATA[", 9);
     });
 }
 
 void CExpatReader::FnEndCDATA(void* userData)
 {
     Guarded(userData, [](CExpatReader& reader) {
-        std::vector<CXmlElement*>& open = reader.m_document.m_openElements;
-        if (!open.empty())
-            CXmlDocument::AppendTextExcludingCR(open.back(), "]]>");
+        if (!reader.m_document.m_openElements.empty())
+            reader.AddText("]]>", 3);
     });
 }
 

@@ -15,35 +15,34 @@ bool InInstanceOrXmlnsNamespace(const std::string& namespaceUri)
 
 } // namespace
 
-struct CXmlAttribute::OwnNames {
-    std::string localName;
-    std::string namespaceUri;
-};
-
 CXmlAttribute::CXmlAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri)
-    : CInstanceMonitor("CXmlAttribute"), m_value(value), m_ownNames(new OwnNames{localName, namespaceUri})
+    : CInstanceMonitor("CXmlAttribute"), m_name(nullptr), m_value(value)
 {
-    m_localName = &m_ownNames->localName;
-    m_namespaceUri = &m_ownNames->namespaceUri;
+    m_name = new CXmlNodeName{localName, namespaceUri, nullptr};
 }
 
-CXmlAttribute::CXmlAttribute(const std::string* localName, std::string&& value, const std::string* namespaceUri)
-    : CInstanceMonitor("CXmlAttribute"), m_localName(localName), m_value(std::move(value)), m_namespaceUri(namespaceUri)
+CXmlAttribute::CXmlAttribute(const CXmlNodeName* name, std::string&& value) noexcept
+    : CInstanceMonitor("CXmlAttribute"), m_name(name), m_value(std::move(value))
 {
 }
 
-CXmlAttribute::~CXmlAttribute() = default;
+CXmlAttribute::~CXmlAttribute()
+{
+    // A name record without a document is the attribute's own.
+    if (!m_name->document)
+        delete m_name;
+}
 
 bool CXmlAttribute::IsNamespaceAttribute() const
 {
-    const std::string& name = *m_localName;
-    return InInstanceOrXmlnsNamespace(*m_namespaceUri) &&
+    const std::string& name = m_name->localName;
+    return InInstanceOrXmlnsNamespace(m_name->namespaceUri) &&
            (name == "xmlns" || name == "type" || name == "schemaLocation" || name == "noNamespaceSchemaLocation");
 }
 
 bool CXmlAttribute::IsNilAttribute() const
 {
-    return InInstanceOrXmlnsNamespace(*m_namespaceUri) && *m_localName == "nil";
+    return InInstanceOrXmlnsNamespace(m_name->namespaceUri) && m_name->localName == "nil";
 }
 
 } // namespace NxXmlLib9

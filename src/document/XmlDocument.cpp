@@ -3,6 +3,7 @@
 #include "NxXmlDocument.h"
 
 #include "NxException.h"
+#include "document/XmlNodeStorage.h"
 #include "foundation/TextArgument.h"
 
 #include <algorithm>
@@ -52,9 +53,11 @@ CXmlDocument::CXmlDocument(bool (*filter)(CXmlElement*), const CXmlSerialization
       m_documentElement(nullptr),
       m_inputBuffer(nullptr),
       m_inputSize(0),
+      m_ownsInput(true),
       m_schemaType(SchemaTypeDefault),
       m_filter(filter),
-      m_context(context)
+      m_context(context),
+      m_storage(new CXmlNodeStorage(this))
 {
     Init();
 }
@@ -77,37 +80,32 @@ void CXmlDocument::Init()
 
 void CXmlDocument::FreeContent()
 {
+    // The nodes' destructors free what they hold outside the storage (their
+    // texts); the storage then gives back the nodes themselves.
     delete m_documentElement;
     m_documentElement = nullptr;
-    delete[] m_inputBuffer;
+    if (m_ownsInput)
+        delete[] m_inputBuffer;
     m_inputBuffer = nullptr;
     m_inputSize = 0;
+    m_ownsInput = true;
     m_openElements.clear();
     m_prefixMap.clear();
-    m_nameIndex.clear();
-    m_names.clear();
+    m_storage->Release();
 }
 
-const std::string& CXmlDocument::Intern(std::string_view text) const
+const CXmlNodeName& CXmlDocument::Name(std::string_view namespaceUri, std::string_view localName) const
 {
-    const auto found = m_nameIndex.find(text);
-    if (found != m_nameIndex.end())
-        return *found->second;
-    const std::string& name = m_names.emplace_back(text);
-    try {
-        m_nameIndex.emplace(std::string_view(name), &name);
-    } catch (...) {
-        m_names.pop_back();
-        throw;
-    }
-    return name;
+    return m_storage->Name(namespaceUri, localName);
 }
 
 void CXmlDocument::AdoptInput(unsigned char* buffer, unsigned long size)
 {
-    delete[] m_inputBuffer;
+    if (m_ownsInput)
+        delete[] m_inputBuffer;
     m_inputBuffer = buffer;
     m_inputSize = size;
+    m_ownsInput = true;
 }
 
 std::string CXmlDocument::LookupNamespaceFromAlias(const char* alias) const
@@ -118,18 +116,17 @@ std::string CXmlDocument::LookupNamespaceFromAlias(const char* alias) const
 
 CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* localName)
 {
-    return AddInternedDocElement(Intern(OrEmpty(namespaceUri)), Intern(OrEmpty(localName)));
+    return AddNamedDocElement(Name(OrEmpty(namespaceUri), OrEmpty(localName)));
 }
 
 CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName)
 {
-    return AddInternedChildElement(Intern(OrEmpty(namespaceUri)), Intern(OrEmpty(localName)));
+    return AddNamedChildElement(Name(OrEmpty(namespaceUri), OrEmpty(localName)));
 }
 
-CXmlElement* CXmlDocument::AddInternedDocElement(const std::string& namespaceUri, const std::string& localName)
+CXmlElement* CXmlDocument::AddNamedDocElement(const CXmlNodeName& name)
 {
-    std::unique_ptr<CXmlElement> element(new CXmlElement(this));
-    element->SetInternedNames(namespaceUri, localName);
+    std::unique_ptr<CXmlElement> element(m_storage->NewElement(name));
     // A second root replaces the first, whose open elements die with it.
     delete m_documentElement;
     m_documentElement = nullptr;
@@ -139,7 +136,7 @@ CXmlElement* CXmlDocument::AddInternedDocElement(const std::string& namespaceUri
     return m_documentElement;
 }
 
-CXmlElement* CXmlDocument::AddInternedChildElement(const std::string& namespaceUri, const std::string& localName)
+CXmlElement* CXmlDocument::AddNamedChildElement(const CXmlNodeName& name)
 {
     if (m_openElements.empty())
         throw CNxInvalidStateException("No element is open to take a child element");
@@ -150,8 +147,8 @@ CXmlElement* CXmlDocument::AddInternedChildElement(const std::string& namespaceU
         throw CNxException(
             FormatString("Failed to parse the document. It is nested deeper than [%lu] levels.", maximumDepth));
     // Linked first: the parent owns the child even if the push fails.
-    CXmlElement* element = m_openElements.back()->CreateNewChildElement();
-    element->SetInternedNames(namespaceUri, localName);
+    CXmlElement* element = m_storage->NewElement(name);
+    m_openElements.back()->AppendChild(element);
     m_openElements.push_back(element);
     return element;
 }
@@ -202,7 +199,10 @@ void CXmlDocument::EndElement()
     // answer on it changes nothing.
     if (!m_filter || !m_filter(ended) || m_openElements.empty())
         return;
-    delete m_openElements.back()->RemoveLastChildElement();
+    // The dropped subtree's memory serves the elements still to come, so
+    // a filtered parse stays as small as the tree it keeps.
+    if (CXmlElement* dropped = m_openElements.back()->RemoveLastChildElement())
+        m_storage->Recycle(dropped);
 }
 
 } // namespace NxXmlLib9

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
+#include <new>
 
 namespace NxXmlLib9 {
 
@@ -77,9 +78,35 @@ void CXmlDocument::LoadXml(const char* text)
     const size_t length = text ? std::strlen(text) : 0;
     if (length == 0)
         throw CNxException("XML String is empty!");
-    AdoptInput(new unsigned char[length], length);
-    std::memcpy(m_inputBuffer, text, length);
-    ParseText();
+    // The text is parsed where it stands: it stays the caller's and must
+    // not be kept past this call, so the document lets go of it at the end.
+    // Only a failed load copies it, to keep its input like any other load.
+    m_inputBuffer = reinterpret_cast<unsigned char*>(const_cast<char*>(text));
+    m_inputSize = length;
+    m_ownsInput = false;
+    try {
+        ParseText();
+    } catch (...) {
+        KeepBorrowedInput();
+        throw;
+    }
+    m_inputBuffer = nullptr;
+    m_inputSize = 0;
+    m_ownsInput = true;
+}
+
+void CXmlDocument::KeepBorrowedInput()
+{
+    if (m_ownsInput)
+        return;
+    unsigned char* copy = new (std::nothrow) unsigned char[m_inputSize];
+    if (copy)
+        std::memcpy(copy, m_inputBuffer, m_inputSize);
+    // Without the memory for a copy the input is dropped rather than the
+    // failure replaced.
+    m_inputBuffer = copy;
+    m_inputSize = copy ? m_inputSize : 0;
+    m_ownsInput = true;
 }
 
 void CXmlDocument::LoadXml(const wchar_t* text)

@@ -1,6 +1,8 @@
 // Elements of the parsed tree.
 #include "NxXmlDocument.h"
 
+#include "document/XmlNodeStorage.h"
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -9,28 +11,32 @@ namespace NxXmlLib9 {
 
 namespace {
 
-// What an element without a name or namespace points to.
-const std::string& EmptyName()
+// What an element made without a document is called until it is named.
+const CXmlNodeName& Unnamed()
 {
-    static const std::string empty;
-    return empty;
+    static const CXmlNodeName unnamed{std::string(), std::string(), nullptr};
+    return unnamed;
 }
 
 } // namespace
 
-struct CXmlElement::OwnNames {
-    std::string localName;
-    std::string namespaceUri;
-};
+const std::vector<CXmlAttribute*>& CXmlElement::NoAttributes()
+{
+    static const std::vector<CXmlAttribute*> none;
+    return none;
+}
 
 CXmlElement::CXmlElement(const CXmlDocument* document)
     : CInstanceMonitor("CXmlElement"),
-      m_document(document),
-      m_nextSibling(nullptr),
-      m_firstChild(nullptr),
+      m_link(0),
       m_lastChild(nullptr),
-      m_localName(&EmptyName()),
-      m_namespaceUri(&EmptyName())
+      m_name(reinterpret_cast<std::uintptr_t>(document ? &document->Name(std::string_view(), std::string_view())
+                                                        : &Unnamed()))
+{
+}
+
+CXmlElement::CXmlElement(const CXmlNodeName& name) noexcept
+    : CInstanceMonitor("CXmlElement"), m_link(0), m_lastChild(nullptr), m_name(reinterpret_cast<std::uintptr_t>(&name))
 {
 }
 
@@ -39,85 +45,102 @@ CXmlElement::~CXmlElement()
     // Descendants are freed from one flat chain: before an element goes, its
     // children are spliced into the chain in its place, so every element is
     // deleted childless and deep documents cannot exhaust the stack.
-    CXmlElement* chain = m_firstChild;
-    m_firstChild = m_lastChild = nullptr;
+    CXmlElement* chain = GetFirstElement();
+    if (m_lastChild)
+        m_lastChild->m_link = 0;
+    m_lastChild = nullptr;
     while (chain) {
         CXmlElement* element = chain;
-        if (element->m_firstChild) {
-            element->m_lastChild->m_nextSibling = element->m_nextSibling;
-            chain = element->m_firstChild;
-            element->m_firstChild = element->m_lastChild = nullptr;
-        } else {
-            chain = element->m_nextSibling;
+        chain = reinterpret_cast<CXmlElement*>(element->m_link);
+        if (element->m_lastChild) {
+            CXmlElement* first = element->GetFirstElement();
+            element->m_lastChild->m_link = reinterpret_cast<std::uintptr_t>(chain);
+            element->m_lastChild = nullptr;
+            chain = first;
         }
-        element->m_nextSibling = nullptr;
+        element->m_link = 0;
         delete element;
     }
-    for (CXmlAttribute* attribute : m_attributes)
-        delete attribute;
+    const CXmlNodeName* name = &NameRecord();
+    if (HasAttributeList()) {
+        CXmlAttributedName* attributed = Attributed();
+        for (CXmlAttribute* attribute : attributed->attributes)
+            delete attribute;
+        // Over a document the list lives in the document's storage.
+        if (name->document)
+            CXmlNodeStorage::DestroyAttributedName(attributed);
+        else
+            delete attributed;
+    }
+    if (!name->document && name != &Unnamed())
+        delete name;
+}
+
+void CXmlElement::SetNameRecord(const CXmlNodeName* name)
+{
+    if (HasAttributeList())
+        Attributed()->name = name;
+    else
+        m_name = reinterpret_cast<std::uintptr_t>(name);
 }
 
 const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
 {
     static const std::string missing;
-    for (const CXmlAttribute* attribute : m_attributes) {
-        if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceUri)
-            return attribute->GetValue();
-    }
+    for (const CXmlAttribute* attribute : GetAttributes()) {
+            if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceUri)
+                return attribute->GetValue();
+        }
     return missing;
 }
 
-const std::string& CXmlElement::KeepName(const std::string& name, bool isNamespace)
+CXmlNodeName& CXmlElement::OwnName()
 {
-    if (m_document)
-        return m_document->Intern(name);
-    if (!m_ownNames)
-        m_ownNames.reset(new OwnNames);
-    std::string& own = isNamespace ? m_ownNames->namespaceUri : m_ownNames->localName;
-    own = name;
-    return own;
+    if (&NameRecord() == &Unnamed())
+        SetNameRecord(new CXmlNodeName{std::string(), std::string(), nullptr});
+    return const_cast<CXmlNodeName&>(NameRecord());
 }
 
 void CXmlElement::SetNamespace(const std::string& namespaceUri)
 {
-    m_namespaceUri = &KeepName(namespaceUri, true);
+    if (const CXmlDocument* document = GetDocument())
+        SetNameRecord(&document->Name(namespaceUri, GetLocalName()));
+    else
+        OwnName().namespaceUri = namespaceUri;
 }
 
 void CXmlElement::SetElementName(const std::string& localName)
 {
-    m_localName = &KeepName(localName, false);
+    if (const CXmlDocument* document = GetDocument())
+        SetNameRecord(&document->Name(GetNamespaceURI(), localName));
+    else
+        OwnName().localName = localName;
 }
 
-void CXmlElement::SetInternedNames(const std::string& namespaceUri, const std::string& localName)
+std::vector<CXmlAttribute*>& CXmlElement::AttributeList()
 {
-    m_namespaceUri = &namespaceUri;
-    m_localName = &localName;
+    if (!HasAttributeList()) {
+        const CXmlNodeName* name = &NameRecord();
+        CXmlAttributedName* attributed = name->document ? name->document->m_storage->NewAttributedName(*name)
+                                                        : new CXmlAttributedName{name, {}};
+        m_name = reinterpret_cast<std::uintptr_t>(attributed) | ATTRIBUTES_TAG;
+    }
+    return Attributed()->attributes;
 }
 
 void CXmlElement::AddAttribute(const std::string& localName, const std::string& value, const std::string& namespaceUri)
 {
-    if (m_document) {
-        AddInternedAttribute(m_document->Intern(localName), std::string(value), m_document->Intern(namespaceUri));
-        return;
-    }
+    std::vector<CXmlAttribute*>& attributes = AttributeList();
     // The slot is made first, so a failed allocation leaks no attribute.
-    m_attributes.push_back(nullptr);
+    attributes.push_back(nullptr);
     try {
-        m_attributes.back() = new CXmlAttribute(localName, value, namespaceUri);
+        if (const CXmlDocument* document = GetDocument())
+            attributes.back() =
+                document->m_storage->NewAttribute(document->Name(namespaceUri, localName), std::string(value));
+        else
+            attributes.back() = new CXmlAttribute(localName, value, namespaceUri);
     } catch (...) {
-        m_attributes.pop_back();
-        throw;
-    }
-}
-
-void CXmlElement::AddInternedAttribute(const std::string& localName, std::string&& value,
-                                       const std::string& namespaceUri)
-{
-    m_attributes.push_back(nullptr);
-    try {
-        m_attributes.back() = new CXmlAttribute(&localName, std::move(value), &namespaceUri);
-    } catch (...) {
-        m_attributes.pop_back();
+        attributes.pop_back();
         throw;
     }
 }
@@ -126,12 +149,21 @@ void CXmlElement::AppendText(const char* text, int length)
 {
     if (!text || length <= 0)
         return;
-    const size_t needed = m_text.size() + static_cast<size_t>(length);
-    // Doubling keeps many small appends linear; the first piece is taken at
-    // its own size, since most elements get exactly one.
-    if (!m_text.empty() && m_text.capacity() < needed)
+    const size_t size = static_cast<size_t>(length);
+    if (m_text.empty()) {
+        // The first piece is taken at its own size, since most elements get
+        // exactly one.
+        if (m_text.capacity() < size)
+            m_text = std::string(text, size);
+        else
+            m_text.assign(text, size);
+        return;
+    }
+    // Doubling keeps many small appends linear.
+    const size_t needed = m_text.size() + size;
+    if (m_text.capacity() < needed)
         m_text.reserve(std::max(2 * m_text.capacity(), needed));
-    m_text.append(text, static_cast<size_t>(length));
+    m_text.append(text, size);
 }
 
 void CXmlElement::AppendText(const char* text)
@@ -148,14 +180,23 @@ void CXmlElement::AppendText(const char* text)
     }
 }
 
+void CXmlElement::AppendChild(CXmlElement* child)
+{
+    if (m_lastChild) {
+        child->m_link = m_lastChild->m_link;
+        m_lastChild->m_link = reinterpret_cast<std::uintptr_t>(child);
+    } else {
+        child->m_link = reinterpret_cast<std::uintptr_t>(child) | LAST_CHILD_TAG;
+    }
+    m_lastChild = child;
+}
+
 CXmlElement* CXmlElement::CreateNewChildElement()
 {
-    CXmlElement* child = new CXmlElement(m_document);
-    if (m_lastChild)
-        m_lastChild->m_nextSibling = child;
-    else
-        m_firstChild = child;
-    m_lastChild = child;
+    const CXmlDocument* document = GetDocument();
+    CXmlElement* child = document ? document->m_storage->NewElement(document->Name(std::string_view(), std::string_view()))
+                                  : new CXmlElement(nullptr);
+    AppendChild(child);
     return child;
 }
 
@@ -164,15 +205,17 @@ CXmlElement* CXmlElement::RemoveLastChildElement()
     CXmlElement* last = m_lastChild;
     if (!last)
         return nullptr;
-    if (m_firstChild == last) {
-        m_firstChild = m_lastChild = nullptr;
-        return last;
+    CXmlElement* first = Untagged(last->m_link);
+    if (first == last) {
+        m_lastChild = nullptr;
+    } else {
+        CXmlElement* previous = first;
+        while (previous->m_link != reinterpret_cast<std::uintptr_t>(last))
+            previous = reinterpret_cast<CXmlElement*>(previous->m_link);
+        previous->m_link = last->m_link;
+        m_lastChild = previous;
     }
-    CXmlElement* previous = m_firstChild;
-    while (previous->m_nextSibling != last)
-        previous = previous->m_nextSibling;
-    previous->m_nextSibling = nullptr;
-    m_lastChild = previous;
+    last->m_link = 0;
     return last;
 }
 

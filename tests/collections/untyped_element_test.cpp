@@ -59,6 +59,22 @@ TEST(UntypedElement, ConstructionAndItsNamespaceChecks)
     EXPECT_EQ(own->GetAttributes()->GetCount(), 1);
 }
 
+TEST(UntypedElement, CollectionsMadeOnFirstUseLendTheNamespaceOfInit)
+{
+    CSmartPtr<CElement> element(new CElement("e", "urn:a", "##any", ""));
+    element->SetNamespace("urn:b");
+    CSmartPtr<CElement> clone = element->Clone();
+    EXPECT_EQ(element->GetAttributes()->Add("x")->GetNamespace(), "urn:a");
+    EXPECT_EQ(clone->GetElements()->Add("c")->GetNamespace(), "urn:a");
+    // An element read without attributes or children takes its namespace
+    // from the document; its collections still lend the one of Init.
+    CSmartPtr<CElement> read(new CElement("r", "", "##any", ""));
+    read->FromXml("<r xmlns='urn:r'>t</r>");
+    EXPECT_EQ(read->GetNamespace(), "urn:r");
+    EXPECT_EQ(read->GetAttributes()->GetCount(), 0);
+    EXPECT_EQ(read->GetAttributes()->Add("y")->GetNamespace(), "");
+}
+
 TEST(UntypedElement, ReadAndWrittenTextComesAfterTheChildren)
 {
     CSmartPtr<CElement> element(new CElement("root"));

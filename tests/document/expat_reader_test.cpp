@@ -1,5 +1,6 @@
 #include "DocumentTestSupport.h"
 
+#include <set>
 #include <stdexcept>
 
 using namespace NxXmlLib9;
@@ -36,6 +37,17 @@ bool DropNamedDrop(CXmlElement* element)
 
 bool DropAll(CXmlElement*)
 {
+    return true;
+}
+
+// Drops the elements named "r", remembering where each one lived.
+std::set<const CXmlElement*> g_dropped;
+
+bool DropRecords(CXmlElement* element)
+{
+    if (element->GetLocalName() != "r")
+        return false;
+    g_dropped.insert(element);
     return true;
 }
 
@@ -167,6 +179,21 @@ TEST(ExpatReaderFilter, TheFilterSeesFinishedElementsChildrenFirstAndDropsThem)
     EXPECT_EQ("12<![CDATA[3]]>", emptied.GetDocumentElement()->GetText());
 }
 
+TEST(ExpatReaderFilter, WhatTheFilterDropsMakesRoomForWhatFollows)
+{
+    // A document consumed record by record keeps its memory small: each
+    // dropped record, children and attributes included, makes room for the
+    // next, so the records come and go in the same few places.
+    std::string xml = "<all>";
+    for (int i = 0; i < 1000; ++i)
+        xml += "<r a='1'><f>the text of one record</f></r>";
+    g_dropped.clear();
+    CXmlDocument document(DropRecords);
+    document.LoadXml((xml + "</all>").c_str());
+    EXPECT_EQ(nullptr, document.GetDocumentElement()->GetFirstElement());
+    EXPECT_LE(g_dropped.size(), 2u);
+}
+
 TEST(ExpatReaderFilter, AFailureInsideTheParsePassesOutUnchanged)
 {
     CXmlDocument document(ThrowAtBad);
@@ -269,9 +296,14 @@ TEST(ExpatReaderDirect, AReaderServesOneParse)
         reader.Parse(false);
         // The destructor frees the parser left alive.
     }
+    // A narrow string is parsed in place and not kept after a load that
+    // succeeded; a byte stream is.
+    document.LoadXml("<a>1</a>");
+    EXPECT_EQ(nullptr, document.GetInputBuffer());
+    std::string bytes = "<a>1</a>";
+    document.LoadXmlStream(reinterpret_cast<unsigned char*>(&bytes[0]), bytes.size());
     // Feeding a document that already has a root fails inside a callback;
     // the failure comes out of Parse.
-    document.LoadXml("<a>1</a>");
     CExpatReader reader(document);
     reader.CreateParser();
     EXPECT_THROW(reader.Parse(true), CNxInvalidStateException);
