@@ -165,7 +165,8 @@ protected:
 private:
     void WriteWithDefaultNamespace(CXmlWriter* writer, bool isOptionalChoice) const;
     // The collections, made on first use: most elements read from a
-    // document have neither attributes nor children.
+    // document have neither attributes nor children. Concurrent const
+    // readers may both ask: one collection is published.
     CAttributeCol& Attributes() const;
     CElementCol& Elements() const;
 
@@ -174,8 +175,8 @@ private:
     std::string m_namespace;
     std::string m_restriction;
     std::string m_targetNamespace;
-    mutable CSmartPtr<CAttributeCol> m_attributes;
-    mutable CSmartPtr<CElementCol> m_elements;
+    CLazySmartPtr<CAttributeCol> m_attributes;
+    CLazySmartPtr<CElementCol> m_elements;
     std::string m_defaultNamespace;
     // The namespace the collections are made with: the element's namespace
     // when Init ran.

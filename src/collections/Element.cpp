@@ -75,16 +75,14 @@ void CElement::Init(const char* name, const char* namespaceUri, const char* rest
 
 CAttributeCol& CElement::Attributes() const
 {
-    if (!m_attributes)
-        m_attributes = new CAttributeCol(m_collectionNamespace.c_str(), "##any", m_targetNamespace.c_str());
-    return *m_attributes;
+    return m_attributes.GetOrMake(
+        [this] { return new CAttributeCol(m_collectionNamespace.c_str(), "##any", m_targetNamespace.c_str()); });
 }
 
 CElementCol& CElement::Elements() const
 {
-    if (!m_elements)
-        m_elements = new CElementCol(m_collectionNamespace.c_str(), "##any", m_targetNamespace.c_str(), 0, -1);
-    return *m_elements;
+    return m_elements.GetOrMake(
+        [this] { return new CElementCol(m_collectionNamespace.c_str(), "##any", m_targetNamespace.c_str(), 0, -1); });
 }
 
 CSmartPtr<CElement> CElement::Clone() const

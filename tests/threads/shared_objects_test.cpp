@@ -58,6 +58,28 @@ TEST(SharedContext, FirstWritesOnSeveralThreadsShareOneRootAttributeCollection)
     }
 }
 
+// An untyped element makes its collections on first request, also from a
+// const reader: threads asking a fresh element at once get one collection each.
+TEST(SharedUntypedElement, FirstRequestsOnSeveralThreadsShareOneCollection)
+{
+    for (int round = 0; round < 50; ++round) {
+        CSmartPtr<CElement> element(new CElement("e", "urn:e"));
+        const CElement& reader = *element;
+        std::vector<CAttributeCol*> attributes(kThreads);
+        std::vector<CElementCol*> elements(kThreads);
+        OnThreads([&](int i) {
+            attributes[i] = reader.GetAttributes();
+            elements[i] = reader.GetElements();
+        });
+        for (int i = 0; i < kThreads; ++i) {
+            EXPECT_EQ(attributes[0], attributes[i]);
+            EXPECT_EQ(elements[0], elements[i]);
+        }
+        element->GetElements()->Add(new CElement("child", "urn:e"));
+        EXPECT_EQ("<AA:e xmlns:AA=\"urn:e\"><AA:child/></AA:e>", element->ToXml(false, false));
+    }
+}
+
 // One object referenced from several threads: the count goes up and down
 // under its lock and the object dies exactly once, with the last reference.
 TEST(SharedObjects, ReferenceCountsOfOneObjectStayExact)
