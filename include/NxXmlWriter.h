@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "NxFoundation.h"
 #include "NxTextStream.h"
@@ -46,8 +47,10 @@ public:
 
         // The effective map and default namespace: this scope's own, or those
         // of the nearest ancestor that has its own.
+        // The map is handed out for changes too; whatever the scope worked
+        // out from it before is worked out afresh afterwards.
         NamespaceMap& GetNamespaceMap() const;
-        const std::string& GetDefaultNamespace() const;
+        const std::string& GetDefaultNamespace() const { return NamespaceOwner()->m_defaultNamespace; }
         void SetDefaultNamespace(const std::string& namespaceUri);
         void SetNamespaceMapValue(const std::string& namespaceUri, const std::string& prefix);
         // The prefix of a URI in the effective map. A URI not in it is added
@@ -77,9 +80,50 @@ public:
         bool InheritsNamespaces() const { return m_inherits; }
         bool OwnsMap() const { return m_ownsMap; }
 
+        // The effective map for the writers' own look-ups, which change it
+        // only through the operations above.
+        NamespaceMap& EffectiveMap() const { return *NamespaceOwner()->m_map; }
+
+        // The element's name as its start tag spells it: "prefix:name" when
+        // its namespace is neither empty nor the default, the name alone
+        // otherwise. A namespace with no prefix yet gets a generated one,
+        // stored in this scope, and isNew is set so that the caller declares
+        // it. The text stays valid until the next call on this scope.
+        const std::string& StartTagName(bool& isNew);
+        // The same for the end tag, with the prefix the effective map holds
+        // now (an unbound namespace is added with an empty prefix).
+        const std::string& EndTagName();
+        // Length of the "prefix:" part of the last tag name, 0 without one.
+        std::string::size_type GetTagPrefixLength() const { return m_tagPrefixLength; }
+
     private:
-        const CXmlWriterContext* NamespaceOwner() const;
+        friend class CXmlWriter;
+
+        void InitChild(const std::string& name, const std::string& namespaceUri, CXmlWriterContext* parent);
+        void InitRoot(const std::string& name, const std::string& namespaceUri, const std::string& defaultNamespace,
+                      const NamespaceMap& map);
+        // Keeps an owned map for the next use of the scope, which spares
+        // its nodes.
+        void SetMapAside();
+        // The nearest scope with namespace state of its own; the answer is
+        // cached until the state of the chain changes.
+        const CXmlWriterContext* NamespaceOwner() const
+        {
+            if (!m_inherits)
+                return this;
+            if (m_ownerStamp == NamespaceStamp())
+                return m_owner;
+            return FindNamespaceOwner();
+        }
+        const CXmlWriterContext* FindNamespaceOwner() const;
         void TakePrivateMap();
+        bool TagNameTrusted() const { return m_tagNameKnown && m_tagNameStamp == NamespaceStamp(); }
+        // Sets the tag name from the prefix (null for none) and the name.
+        void ComposeTagName(const std::string* prefix);
+        // Counts a change of namespace state anywhere in the chain: cached
+        // owners and tag names computed before it are no longer trusted.
+        void NoteNamespaceChange() const { ++m_chainRoot->m_takeovers; }
+        unsigned long NamespaceStamp() const { return m_chainRoot->m_takeovers; }
 
         unsigned m_childCount;
         bool m_startTagOpen;
@@ -98,9 +142,20 @@ public:
         // The answer is cached, and the cache is dropped whenever any scope
         // of the chain takes state of its own (counted at the chain's root).
         CXmlWriterContext* m_chainRoot;
-        unsigned long m_takeovers;
+        mutable unsigned long m_takeovers;
         mutable const CXmlWriterContext* m_owner;
         mutable unsigned long m_ownerStamp;
+
+        // The element's name as its tags spell it, "prefix:name" or the name
+        // alone, with the length of the "prefix:" part. Worked out for the
+        // start tag and trusted for the end tag, and for children in the
+        // same namespace, while no namespace state of the chain changed.
+        std::string m_tagName;
+        std::string::size_type m_tagPrefixLength;
+        bool m_tagNameKnown;
+        unsigned long m_tagNameStamp;
+        // An owned map from an earlier use of a recycled scope.
+        NamespaceMap* m_spareMap;
     };
 
     // "http://www.w3.org/XML/1998/namespace", bound to the prefix "xml".
@@ -161,6 +216,10 @@ protected:
     // prefix is generated and stored in the scope, and isNew is set.
     static std::string FindOrCreatePrefix(CXmlWriterContext& scope, const std::string& namespaceUri,
                                           bool& isNew);
+    // The same, as a reference into the scope's effective map, valid until
+    // that map changes.
+    static const std::string& FindOrCreatePrefixInPlace(CXmlWriterContext& scope, const std::string& namespaceUri,
+                                                        bool& isNew);
     // URIs under the XML namespace are never declared.
     static bool IsXmlNamespace(const std::string& namespaceUri);
 
@@ -168,6 +227,9 @@ private:
     std::string m_defaultNamespace;
     CXmlWriterContext* m_pCurrentContext;
     NamespaceMap m_namespaceMap;
+    // Closed scopes, kept for the next elements: one per level of the
+    // deepest tree written so far, so that an element costs no allocation.
+    mutable std::vector<CXmlWriterContext*> m_spareScopes;
 };
 
 // Writes XML text into a text stream, which it does not own.

@@ -255,18 +255,17 @@ void CXmlTextWriter::WriteStartElement(const std::string& name, const std::strin
             AppendIndent(scope->GetDepth());
         m_stream.Append('<');
 
-        if (!namespaceUri.empty() && namespaceUri != scope->GetDefaultNamespace()) {
-            bool isNew = false;
-            const std::string prefix = FindOrCreatePrefix(*scope, namespaceUri, isNew);
-            m_stream.Append(prefix);
-            m_stream.Append(':');
-            m_stream.Append(name);
-            if (isNew) {
-                m_stream.Append(' ');
-                AppendNamespaceDeclaration(prefix, namespaceUri);
-            }
-        } else {
-            m_stream.Append(name);
+        // A namespace other than the default is spelled with its prefix, and
+        // declared here when the prefix was made for this element.
+        bool isNew = false;
+        const std::string& tagName = scope->StartTagName(isNew);
+        m_stream.Append(tagName.data(), tagName.size());
+        if (isNew) {
+            m_stream.Append(" xmlns:", 7);
+            m_stream.Append(tagName.data(), scope->GetTagPrefixLength() - 1);
+            m_stream.Append("=\"", 2);
+            m_stream.Append(namespaceUri);
+            m_stream.Append('"');
         }
 
         // The root declares the writer's own bindings. A prefix generated
@@ -307,13 +306,8 @@ void CXmlTextWriter::WriteEndElement()
         if (m_format && scope->GetChildCount() != 0)
             AppendIndent(scope->GetDepth());
         m_stream.Append("</", 2);
-        const std::string& namespaceUri = scope->GetNamespaceUri();
-        if (!namespaceUri.empty() && namespaceUri != scope->GetDefaultNamespace()) {
-            // Same look-up as GetNamespaceMapValue, without copying the prefix.
-            m_stream.Append(scope->GetNamespaceMap()[namespaceUri]);
-            m_stream.Append(':');
-        }
-        m_stream.Append(scope->GetElementName());
+        const std::string& tagName = scope->EndTagName();
+        m_stream.Append(tagName.data(), tagName.size());
         m_stream.Append('>');
     }
     if (m_format)
@@ -339,7 +333,7 @@ void CXmlTextWriter::WriteAttributeString(const std::string& name, const std::st
     // prefix: unprefixed attributes are in no namespace.
     if (!namespaceUri.empty()) {
         bool isNew = false;
-        const std::string prefix = FindOrCreatePrefix(scope, namespaceUri, isNew);
+        const std::string& prefix = FindOrCreatePrefixInPlace(scope, namespaceUri, isNew);
         if (isNew) {
             AppendNamespaceDeclaration(prefix, namespaceUri);
             m_stream.Append(' ');
@@ -360,7 +354,7 @@ void CXmlTextWriter::WriteAttributeType(const std::string& namespaceUri, const s
     CXmlWriterContext& scope = OpenStartTag();
     if (!namespaceUri.empty() && namespaceUri != scope.GetDefaultNamespace()) {
         bool isNew = false;
-        const std::string prefix = FindOrCreatePrefix(scope, namespaceUri, isNew);
+        const std::string& prefix = FindOrCreatePrefixInPlace(scope, namespaceUri, isNew);
         if (isNew) {
             m_stream.Append(' ');
             AppendNamespaceDeclaration(prefix, namespaceUri);

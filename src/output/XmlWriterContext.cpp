@@ -7,51 +7,107 @@ typedef CXmlWriter::CXmlWriterContext Scope;
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          CXmlWriterContext* parent)
     : CInstanceMonitor("CXmlWriterContext"),
-      m_childCount(0),
-      m_startTagOpen(true),
-      m_depth(parent ? parent->m_depth + 1 : 0),
-      m_namespaceUri(namespaceUri),
-      m_elementName(name),
-      m_parent(parent),
-      m_attributesWritten(false),
+      m_parent(nullptr),
       m_map(nullptr),
-      m_inherits(parent != nullptr),
-      m_ownsMap(parent == nullptr),
-      m_chainRoot(parent ? parent->m_chainRoot : this),
+      m_ownsMap(false),
       m_takeovers(0),
-      m_owner(this),
-      m_ownerStamp(0)
+      m_spareMap(nullptr)
 {
-    if (parent) {
-        m_owner = parent->NamespaceOwner();
-        m_ownerStamp = m_chainRoot->m_takeovers;
-        m_map = m_owner->m_map;
-    } else {
-        // Without a parent there is nothing to share: start empty instead.
-        m_map = new NamespaceMap();
-    }
+    InitChild(name, namespaceUri, parent);
 }
 
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          const std::string& defaultNamespace, const NamespaceMap& map,
                          CXmlWriterContext* parent)
     : CInstanceMonitor("CXmlWriterContext"),
-      m_childCount(0),
-      m_startTagOpen(true),
-      m_depth(0),
-      m_namespaceUri(namespaceUri),
-      m_elementName(name),
-      m_parent(parent),
-      m_attributesWritten(false),
-      m_defaultNamespace(defaultNamespace),
-      m_map(new NamespaceMap(map)),
-      m_inherits(false),
-      m_ownsMap(true),
-      m_chainRoot(this),
+      m_parent(nullptr),
+      m_map(nullptr),
+      m_ownsMap(false),
       m_takeovers(0),
-      m_owner(this),
-      m_ownerStamp(0)
+      m_spareMap(nullptr)
 {
+    InitRoot(name, namespaceUri, defaultNamespace, map);
+    m_parent = parent;
+}
+
+// Both are also how a recycled scope starts over: every field is set again,
+// and the strings keep their storage.
+void Scope::InitChild(const std::string& name, const std::string& namespaceUri, CXmlWriterContext* parent)
+{
+    SetMapAside();
+    m_childCount = 0;
+    m_startTagOpen = true;
+    m_depth = parent ? parent->m_depth + 1 : 0;
+    m_namespaceUri = namespaceUri;
+    m_elementName = name;
+    m_parent = parent;
+    m_attributesWritten = false;
+    m_defaultNamespace.clear();
+    m_tagNameKnown = false;
+    m_tagPrefixLength = 0;
+    m_tagNameStamp = 0;
+    if (parent) {
+        m_inherits = true;
+        m_ownsMap = false;
+        m_chainRoot = parent->m_chainRoot;
+        m_owner = parent->NamespaceOwner();
+        m_ownerStamp = NamespaceStamp();
+        m_map = m_owner->m_map;
+    } else {
+        // Without a parent there is nothing to share: start empty instead.
+        NamespaceMap* map = m_spareMap ? m_spareMap : new NamespaceMap();
+        map->clear();
+        m_spareMap = nullptr;
+        m_map = map;
+        m_inherits = false;
+        m_ownsMap = true;
+        m_chainRoot = this;
+        m_owner = this;
+        m_ownerStamp = m_takeovers;
+    }
+}
+
+void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, const std::string& defaultNamespace,
+                     const NamespaceMap& map)
+{
+    SetMapAside();
+    NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
+    m_spareMap = nullptr;
+    try {
+        *copy = map;
+    } catch (...) {
+        m_spareMap = copy;
+        throw;
+    }
+    m_childCount = 0;
+    m_startTagOpen = true;
+    m_depth = 0;
+    m_namespaceUri = namespaceUri;
+    m_elementName = name;
+    m_parent = nullptr;
+    m_attributesWritten = false;
+    m_defaultNamespace = defaultNamespace;
+    m_map = copy;
+    m_inherits = false;
+    m_ownsMap = true;
+    m_chainRoot = this;
+    m_owner = this;
+    m_ownerStamp = m_takeovers;
+    m_tagNameKnown = false;
+    m_tagPrefixLength = 0;
+    m_tagNameStamp = 0;
+}
+
+void Scope::SetMapAside()
+{
+    if (m_ownsMap && m_map) {
+        if (m_spareMap)
+            delete m_map;
+        else
+            m_spareMap = m_map;
+    }
+    m_map = nullptr;
+    m_ownsMap = false;
 }
 
 // The chain of parents goes with the scope. It is taken down in a loop, not
@@ -66,6 +122,7 @@ Scope::~CXmlWriterContext()
     }
     if (m_ownsMap)
         delete m_map;
+    delete m_spareMap;
 }
 
 Scope* Scope::DetachParent()
@@ -75,35 +132,37 @@ Scope* Scope::DetachParent()
     return parent;
 }
 
-const Scope* Scope::NamespaceOwner() const
+const Scope* Scope::FindNamespaceOwner() const
 {
-    if (!m_inherits)
-        return this;
-    if (m_ownerStamp != m_chainRoot->m_takeovers) {
-        const CXmlWriterContext* scope = this;
-        while (scope->m_inherits && scope->m_parent)
-            scope = scope->m_parent;
-        m_owner = scope;
-        m_ownerStamp = m_chainRoot->m_takeovers;
-    }
-    return m_owner;
+    const CXmlWriterContext* scope = this;
+    while (scope->m_inherits && scope->m_parent)
+        scope = scope->m_parent;
+    m_owner = scope;
+    m_ownerStamp = NamespaceStamp();
+    return scope;
 }
 
+// Whoever holds the map may change it behind the scope's back, so nothing
+// worked out from it before is trusted afterwards.
 CXmlWriter::NamespaceMap& Scope::GetNamespaceMap() const
 {
-    return *NamespaceOwner()->m_map;
-}
-
-const std::string& Scope::GetDefaultNamespace() const
-{
-    return NamespaceOwner()->m_defaultNamespace;
+    NamespaceMap& map = EffectiveMap();
+    NoteNamespaceChange();
+    return map;
 }
 
 // A scope that is about to declare something gets a map of its own, so that
 // the declaration reaches its subtree only.
 void Scope::TakePrivateMap()
 {
-    NamespaceMap* copy = new NamespaceMap(GetNamespaceMap());
+    NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
+    m_spareMap = nullptr;
+    try {
+        *copy = EffectiveMap();
+    } catch (...) {
+        m_spareMap = copy;
+        throw;
+    }
     if (m_ownsMap)
         delete m_map;
     m_map = copy;
@@ -111,7 +170,7 @@ void Scope::TakePrivateMap()
     m_inherits = false;
     m_owner = this;
     // Scopes below this one may have cached an ancestor as their owner.
-    ++m_chainRoot->m_takeovers;
+    NoteNamespaceChange();
 }
 
 void Scope::SetDefaultNamespace(const std::string& namespaceUri)
@@ -119,6 +178,7 @@ void Scope::SetDefaultNamespace(const std::string& namespaceUri)
     if (m_inherits)
         TakePrivateMap();
     m_defaultNamespace = namespaceUri;
+    NoteNamespaceChange();
 }
 
 void Scope::SetNamespaceMapValue(const std::string& namespaceUri, const std::string& prefix)
@@ -129,16 +189,87 @@ void Scope::SetNamespaceMapValue(const std::string& namespaceUri, const std::str
         m_defaultNamespace.swap(inheritedDefault);
     }
     (*m_map)[namespaceUri] = prefix;
+    NoteNamespaceChange();
 }
 
+// Adding an empty prefix for a URI that had none changes no answer given
+// before, so it is no change of state.
 std::string Scope::GetNamespaceMapValue(const std::string& namespaceUri)
 {
-    return GetNamespaceMap()[namespaceUri];
+    return EffectiveMap()[namespaceUri];
 }
 
 std::string Scope::GetNamespaceMapValue(const char* namespaceUri)
 {
     return GetNamespaceMapValue(std::string(namespaceUri ? namespaceUri : ""));
+}
+
+void Scope::ComposeTagName(const std::string* prefix)
+{
+    if (prefix) {
+        m_tagName.assign(prefix->c_str());
+        m_tagName.push_back(':');
+        m_tagPrefixLength = m_tagName.size();
+    } else {
+        m_tagName.clear();
+        m_tagPrefixLength = 0;
+    }
+    // Names and prefixes end at a zero byte, as the stream takes them.
+    m_tagName.append(m_elementName.c_str());
+    m_tagNameKnown = true;
+    m_tagNameStamp = NamespaceStamp();
+}
+
+const std::string& Scope::StartTagName(bool& isNew)
+{
+    isNew = false;
+    if (TagNameTrusted())
+        return m_tagName;
+    // A child in its parent's namespace that shares the parent's bindings
+    // spells it as the parent did.
+    CXmlWriterContext* parent = m_parent;
+    if (m_inherits && parent && parent->TagNameTrusted() && parent->m_namespaceUri == m_namespaceUri) {
+        m_tagPrefixLength = parent->m_tagPrefixLength;
+        m_tagName.assign(parent->m_tagName, 0, m_tagPrefixLength);
+        m_tagName.append(m_elementName.c_str());
+        m_tagNameKnown = true;
+        m_tagNameStamp = NamespaceStamp();
+        return m_tagName;
+    }
+
+    if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace()) {
+        ComposeTagName(nullptr);
+    } else {
+        NamespaceMap& map = EffectiveMap();
+        NamespaceMap::iterator found = map.find(m_namespaceUri);
+        if (found == map.end()) {
+            SetNamespaceMapValue(m_namespaceUri, CXmlWriter::GetUniquePrefix(map));
+            found = m_map->find(m_namespaceUri);
+            isNew = true;
+        }
+        ComposeTagName(&found->second);
+    }
+    // The parent, in the same namespace and with the same bindings, would
+    // spell its own tags with the same prefix.
+    if (m_inherits && parent && parent->m_namespaceUri == m_namespaceUri) {
+        parent->m_tagPrefixLength = m_tagPrefixLength;
+        parent->m_tagName.assign(m_tagName, 0, m_tagPrefixLength);
+        parent->m_tagName.append(parent->m_elementName.c_str());
+        parent->m_tagNameKnown = true;
+        parent->m_tagNameStamp = m_tagNameStamp;
+    }
+    return m_tagName;
+}
+
+const std::string& Scope::EndTagName()
+{
+    if (TagNameTrusted())
+        return m_tagName;
+    if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace())
+        ComposeTagName(nullptr);
+    else
+        ComposeTagName(&EffectiveMap()[m_namespaceUri]);
+    return m_tagName;
 }
 
 } // namespace NxXmlLib9
