@@ -37,7 +37,7 @@ public:
     virtual ~CStringBuffer();
 
     // Characters held in all blocks.
-    unsigned long GetLength() const;
+    unsigned long GetLength() const { return m_totalLength; }
 
     // Frees every block.
     void Clear();
@@ -56,9 +56,13 @@ public:
         ++m_totalLength;
     }
     // Appends up to the first zero byte; a null pointer appends nothing.
-    void Append(const char* text);
+    void Append(const char* text)
+    {
+        if (text)
+            Append(text, std::strlen(text));
+    }
     // Appends up to the first zero byte inside the string.
-    void Append(const std::string& text);
+    void Append(const std::string& text) { Append(text.c_str()); }
     // Appends exactly length bytes, zero bytes included.
     void Append(const char* text, unsigned long length)
     {
@@ -109,7 +113,7 @@ public:
     virtual void Close();
     virtual void Flush();
 
-    unsigned long GetLength() const;
+    unsigned long GetLength() const { return m_buffer.GetLength(); }
     XmlEncoding GetEncoding() const;
     // The buffered text, zero terminated, valid until the next change.
     const char* GetText() const;

@@ -116,7 +116,9 @@ public:
             return FindNamespaceOwner();
         }
         const CXmlWriterContext* FindNamespaceOwner() const;
-        void TakePrivateMap();
+        // Makes this scope's map a copy of the effective one, with the given
+        // binding added when there is one.
+        void TakePrivateMap(const std::string* namespaceUri = nullptr, const std::string* prefix = nullptr);
         bool TagNameTrusted() const { return m_tagNameKnown && m_tagNameStamp == NamespaceStamp(); }
         // Sets the tag name from the prefix (null for none) and the name.
         void ComposeTagName(const std::string* prefix);

@@ -151,14 +151,57 @@ CXmlWriter::NamespaceMap& Scope::GetNamespaceMap() const
     return map;
 }
 
+namespace {
+
+// Makes target equal to source with the binding (uri, prefix) added, when
+// uri is not null. A target that already has the same URIs, as a recycled
+// map of the same place in the tree has, only takes the prefixes over, which
+// allocates nothing; any other is copied whole.
+void CopyMapWith(CXmlWriter::NamespaceMap& target, const CXmlWriter::NamespaceMap& source,
+                 const std::string* uri, const std::string* prefix)
+{
+    const bool extra = uri && source.find(*uri) == source.end();
+    if (target.size() == source.size() + (extra ? 1 : 0)) {
+        auto from = source.begin();
+        auto to = target.begin();
+        bool same = true;
+        for (; to != target.end(); ++to) {
+            if (extra && to->first == *uri)
+                continue;
+            if (from == source.end() || from->first != to->first) {
+                same = false;
+                break;
+            }
+            ++from;
+        }
+        if (same && (!extra || target.count(*uri) != 0)) {
+            from = source.begin();
+            for (to = target.begin(); to != target.end(); ++to) {
+                if (extra && to->first == *uri)
+                    continue;
+                to->second = from->second;
+                ++from;
+            }
+            if (uri)
+                target[*uri] = *prefix;
+            return;
+        }
+    }
+    target = source;
+    if (uri)
+        target[*uri] = *prefix;
+}
+
+} // namespace
+
 // A scope that is about to declare something gets a map of its own, so that
 // the declaration reaches its subtree only.
-void Scope::TakePrivateMap()
+void Scope::TakePrivateMap(const std::string* namespaceUri, const std::string* prefix)
 {
     NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
     m_spareMap = nullptr;
     try {
-        *copy = EffectiveMap();
+        CopyMapWith(*copy, EffectiveMap(), namespaceUri, prefix);
     } catch (...) {
         m_spareMap = copy;
         throw;
@@ -185,10 +228,11 @@ void Scope::SetNamespaceMapValue(const std::string& namespaceUri, const std::str
 {
     if (m_inherits) {
         std::string inheritedDefault = GetDefaultNamespace();
-        TakePrivateMap();
+        TakePrivateMap(&namespaceUri, &prefix);
         m_defaultNamespace.swap(inheritedDefault);
+    } else {
+        (*m_map)[namespaceUri] = prefix;
     }
-    (*m_map)[namespaceUri] = prefix;
     NoteNamespaceChange();
 }
 

@@ -232,6 +232,13 @@ T NxVariant::CopyOfOwned() const
 }
 
 std::string NxVariant::GetString() const { return CopyOfOwned<std::string>(); }
+
+const std::string& NxVariant::GetStringRef() const
+{
+    static const std::string empty;
+    const std::string* held = Owned<std::string>();
+    return held != nullptr ? *held : empty;
+}
 CBinaryData NxVariant::GetHexBinary() const { return CopyOfOwned<CBinaryData>(); }
 CBinaryData NxVariant::GetBase64Binary() const { return CopyOfOwned<CBinaryData>(); }
 CDateTimeSpan NxVariant::GetDuration() const { return CopyOfOwned<CDateTimeSpan>(); }
