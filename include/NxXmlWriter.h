@@ -84,17 +84,19 @@ public:
         // only through the operations above.
         NamespaceMap& EffectiveMap() const { return *NamespaceOwner()->m_map; }
 
-        // The element's name as its start tag spells it: "prefix:name" when
-        // its namespace is neither empty nor the default, the name alone
+        // What the element's start tag puts ahead of its name: "prefix:"
+        // when its namespace is neither empty nor the default, nothing
         // otherwise. A namespace with no prefix yet gets a generated one,
         // stored in this scope, and isNew is set so that the caller declares
-        // it. The text stays valid until the next call on this scope.
-        const std::string& StartTagName(bool& isNew);
+        // it. The text stays valid while the scope is open and its bindings
+        // do not change.
+        const std::string& StartTagPrefix(bool& isNew);
         // The same for the end tag, with the prefix the effective map holds
         // now (an unbound namespace is added with an empty prefix).
-        const std::string& EndTagName();
-        // Length of the "prefix:" part of the last tag name, 0 without one.
-        std::string::size_type GetTagPrefixLength() const { return m_tagPrefixLength; }
+        const std::string& EndTagPrefix();
+        // Length of the element name up to its first zero byte, as tags
+        // spell it.
+        std::string::size_type GetTagNameLength() const { return m_tagNameLength; }
 
     private:
         friend class CXmlWriter;
@@ -119,9 +121,10 @@ public:
         // Makes this scope's map a copy of the effective one, with the given
         // binding added when there is one.
         void TakePrivateMap(const std::string* namespaceUri = nullptr, const std::string* prefix = nullptr);
-        bool TagNameTrusted() const { return m_tagNameKnown && m_tagNameStamp == NamespaceStamp(); }
-        // Sets the tag name from the prefix (null for none) and the name.
-        void ComposeTagName(const std::string* prefix);
+        bool TagPrefixTrusted() const { return m_tagPrefixHolder && m_tagPrefixStamp == NamespaceStamp(); }
+        // Sets this scope's tag prefix from a bound prefix (null for none).
+        void SetTagPrefix(const std::string* prefix);
+        void ForgetTagPrefix();
         // Counts a change of namespace state anywhere in the chain: cached
         // owners and tag names computed before it are no longer trusted.
         void NoteNamespaceChange() const { ++m_chainRoot->m_takeovers; }
@@ -148,14 +151,15 @@ public:
         mutable const CXmlWriterContext* m_owner;
         mutable unsigned long m_ownerStamp;
 
-        // The element's name as its tags spell it, "prefix:name" or the name
-        // alone, with the length of the "prefix:" part. Worked out for the
-        // start tag and trusted for the end tag, and for children in the
-        // same namespace, while no namespace state of the chain changed.
-        std::string m_tagName;
-        std::string::size_type m_tagPrefixLength;
-        bool m_tagNameKnown;
-        unsigned long m_tagNameStamp;
+        // The "prefix:" of the element's tags, held by this scope or by the
+        // ancestor that worked it out for a child in its own namespace (null
+        // while unknown). Worked out for the start tag and trusted for the
+        // end tag, and for children in the same namespace, while no
+        // namespace state of the chain changed.
+        std::string m_tagPrefix;
+        const CXmlWriterContext* m_tagPrefixHolder;
+        unsigned long m_tagPrefixStamp;
+        std::string::size_type m_tagNameLength;
         // An owned map from an earlier use of a recycled scope.
         NamespaceMap* m_spareMap;
     };
@@ -278,6 +282,10 @@ public:
     void PadAndAppend(const char* text, bool isAttribute);
 
 private:
+    // PadAndAppend on a text of known length, which ends early at a zero
+    // byte all the same.
+    static void PadAndAppend(CTextStream& stream, EOLType eolType, const char* text, size_t length,
+                             bool isAttribute);
     void AppendLineEnd() { m_stream.Append(m_lineEnd); }
     void AppendIndent(unsigned depth);
     void AppendNamespaceDeclaration(const std::string& prefix, const std::string& namespaceUri);

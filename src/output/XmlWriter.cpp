@@ -67,17 +67,20 @@ std::string CXmlWriter::NsIntToString(int i)
 
 std::string CXmlWriter::GetUniquePrefix(const NamespaceMap& map)
 {
+    // The candidates are compared in place; only the one chosen is made.
     for (int i = 0; i < kDistinctPrefixes; ++i) {
-        std::string candidate = NsIntToString(i);
+        const char first = static_cast<char>('A' + i / 26);
+        const char second = static_cast<char>('A' + i % 26);
         bool taken = false;
         for (const auto& entry : map) {
-            if (entry.second == candidate) {
+            const std::string& prefix = entry.second;
+            if (prefix.size() == 2 && prefix[0] == first && prefix[1] == second) {
                 taken = true;
                 break;
             }
         }
         if (!taken)
-            return candidate;
+            return NsIntToString(i);
     }
     throw CNxException("No namespace prefix is left to generate.");
 }

@@ -1,5 +1,7 @@
 #include "NxXmlWriter.h"
 
+#include <cstring>
+
 namespace NxXmlLib9 {
 
 typedef CXmlWriter::CXmlWriterContext Scope;
@@ -43,9 +45,7 @@ void Scope::InitChild(const std::string& name, const std::string& namespaceUri, 
     m_parent = parent;
     m_attributesWritten = false;
     m_defaultNamespace.clear();
-    m_tagNameKnown = false;
-    m_tagPrefixLength = 0;
-    m_tagNameStamp = 0;
+    ForgetTagPrefix();
     if (parent) {
         m_inherits = true;
         m_ownsMap = false;
@@ -93,9 +93,7 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
     m_chainRoot = this;
     m_owner = this;
     m_ownerStamp = m_takeovers;
-    m_tagNameKnown = false;
-    m_tagPrefixLength = 0;
-    m_tagNameStamp = 0;
+    ForgetTagPrefix();
 }
 
 void Scope::SetMapAside()
@@ -160,32 +158,28 @@ namespace {
 void CopyMapWith(CXmlWriter::NamespaceMap& target, const CXmlWriter::NamespaceMap& source,
                  const std::string* uri, const std::string* prefix)
 {
-    const bool extra = uri && source.find(*uri) == source.end();
-    if (target.size() == source.size() + (extra ? 1 : 0)) {
+    const CXmlWriter::NamespaceMap::size_type size = target.size();
+    if (size == source.size() || (uri && size == source.size() + 1)) {
+        // Both are in URI order, so the binding stands at the same place in
+        // both, or in the target alone.
         auto from = source.begin();
+        bool placed = false;
         auto to = target.begin();
-        bool same = true;
         for (; to != target.end(); ++to) {
-            if (extra && to->first == *uri)
-                continue;
-            if (from == source.end() || from->first != to->first) {
-                same = false;
-                break;
-            }
-            ++from;
-        }
-        if (same && (!extra || target.count(*uri) != 0)) {
-            from = source.begin();
-            for (to = target.begin(); to != target.end(); ++to) {
-                if (extra && to->first == *uri)
-                    continue;
+            if (uri && !placed && to->first == *uri) {
+                if (from != source.end() && from->first == *uri)
+                    ++from;
+                to->second = *prefix;
+                placed = true;
+            } else if (from != source.end() && from->first == to->first) {
                 to->second = from->second;
                 ++from;
+            } else {
+                break;
             }
-            if (uri)
-                target[*uri] = *prefix;
-            return;
         }
+        if (to == target.end() && from == source.end() && (placed || !uri))
+            return;
     }
     target = source;
     if (uri)
@@ -248,41 +242,44 @@ std::string Scope::GetNamespaceMapValue(const char* namespaceUri)
     return GetNamespaceMapValue(std::string(namespaceUri ? namespaceUri : ""));
 }
 
-void Scope::ComposeTagName(const std::string* prefix)
+void Scope::ForgetTagPrefix()
 {
-    if (prefix) {
-        m_tagName.assign(prefix->c_str());
-        m_tagName.push_back(':');
-        m_tagPrefixLength = m_tagName.size();
-    } else {
-        m_tagName.clear();
-        m_tagPrefixLength = 0;
-    }
-    // Names and prefixes end at a zero byte, as the stream takes them.
-    m_tagName.append(m_elementName.c_str());
-    m_tagNameKnown = true;
-    m_tagNameStamp = NamespaceStamp();
+    m_tagPrefixHolder = nullptr;
+    m_tagPrefixStamp = 0;
+    // Names end at a zero byte, as the stream takes them.
+    m_tagNameLength = std::strlen(m_elementName.c_str());
 }
 
-const std::string& Scope::StartTagName(bool& isNew)
+void Scope::SetTagPrefix(const std::string* prefix)
+{
+    if (prefix) {
+        // A prefix ends at a zero byte, as the stream takes it.
+        m_tagPrefix.assign(prefix->c_str());
+        m_tagPrefix.push_back(':');
+    } else {
+        m_tagPrefix.clear();
+    }
+    m_tagPrefixHolder = this;
+    m_tagPrefixStamp = NamespaceStamp();
+}
+
+const std::string& Scope::StartTagPrefix(bool& isNew)
 {
     isNew = false;
-    if (TagNameTrusted())
-        return m_tagName;
+    if (TagPrefixTrusted())
+        return m_tagPrefixHolder->m_tagPrefix;
     // A child in its parent's namespace that shares the parent's bindings
     // spells it as the parent did.
     CXmlWriterContext* parent = m_parent;
-    if (m_inherits && parent && parent->TagNameTrusted() && parent->m_namespaceUri == m_namespaceUri) {
-        m_tagPrefixLength = parent->m_tagPrefixLength;
-        m_tagName.assign(parent->m_tagName, 0, m_tagPrefixLength);
-        m_tagName.append(m_elementName.c_str());
-        m_tagNameKnown = true;
-        m_tagNameStamp = NamespaceStamp();
-        return m_tagName;
+    const bool likeParent = m_inherits && parent && parent->m_namespaceUri == m_namespaceUri;
+    if (likeParent && parent->TagPrefixTrusted()) {
+        m_tagPrefixHolder = parent->m_tagPrefixHolder;
+        m_tagPrefixStamp = NamespaceStamp();
+        return m_tagPrefixHolder->m_tagPrefix;
     }
 
     if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace()) {
-        ComposeTagName(nullptr);
+        SetTagPrefix(nullptr);
     } else {
         NamespaceMap& map = EffectiveMap();
         NamespaceMap::iterator found = map.find(m_namespaceUri);
@@ -291,29 +288,29 @@ const std::string& Scope::StartTagName(bool& isNew)
             found = m_map->find(m_namespaceUri);
             isNew = true;
         }
-        ComposeTagName(&found->second);
+        SetTagPrefix(&found->second);
     }
-    // The parent, in the same namespace and with the same bindings, would
-    // spell its own tags with the same prefix.
-    if (m_inherits && parent && parent->m_namespaceUri == m_namespaceUri) {
-        parent->m_tagPrefixLength = m_tagPrefixLength;
-        parent->m_tagName.assign(m_tagName, 0, m_tagPrefixLength);
-        parent->m_tagName.append(parent->m_elementName.c_str());
-        parent->m_tagNameKnown = true;
-        parent->m_tagNameStamp = m_tagNameStamp;
+    // The parent, in the same namespace and with the same bindings, spells
+    // its own tags alike; it keeps the answer for the next child and its end
+    // tag. No other scope below it is open to rely on what it held.
+    if (likeParent && !isNew) {
+        parent->m_tagPrefix = m_tagPrefix;
+        parent->m_tagPrefixHolder = parent;
+        parent->m_tagPrefixStamp = m_tagPrefixStamp;
+        m_tagPrefixHolder = parent;
     }
-    return m_tagName;
+    return m_tagPrefixHolder->m_tagPrefix;
 }
 
-const std::string& Scope::EndTagName()
+const std::string& Scope::EndTagPrefix()
 {
-    if (TagNameTrusted())
-        return m_tagName;
+    if (TagPrefixTrusted())
+        return m_tagPrefixHolder->m_tagPrefix;
     if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace())
-        ComposeTagName(nullptr);
+        SetTagPrefix(nullptr);
     else
-        ComposeTagName(&EffectiveMap()[m_namespaceUri]);
-    return m_tagName;
+        SetTagPrefix(&EffectiveMap()[m_namespaceUri]);
+    return m_tagPrefix;
 }
 
 } // namespace NxXmlLib9

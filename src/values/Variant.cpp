@@ -147,6 +147,9 @@ void NxVariant::SetInvalid()
 
 void NxVariant::Clear()
 {
+    // An invalid variant holds nothing, and its word is already zero.
+    if (m_type == ItemTypeNone)
+        return;
     Install(ItemTypeNone, Value{});
 }
 
