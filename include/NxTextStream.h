@@ -2,6 +2,7 @@
 // holds its characters.
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -67,7 +68,7 @@ public:
     void Append(const char* text, unsigned long length)
     {
         if (text && length != 0 && length <= m_capacity - m_position) {
-            std::memcpy(m_currentBlock + m_position, text, length);
+            CopyBytes(m_currentBlock + m_position, text, length);
             m_position += length;
             m_totalLength += length;
             return;
@@ -88,6 +89,32 @@ public:
 
 private:
     void AppendAcrossBlocks(const char* text, unsigned long length);
+    // Markup comes in short pieces: up to 16 bytes are copied with a few
+    // moves instead of a call.
+    static void CopyBytes(char* to, const char* from, unsigned long length)
+    {
+        if (length > 16) {
+            std::memcpy(to, from, length);
+        } else if (length >= 8) {
+            std::uint64_t head, tail;
+            std::memcpy(&head, from, 8);
+            std::memcpy(&tail, from + length - 8, 8);
+            std::memcpy(to, &head, 8);
+            std::memcpy(to + length - 8, &tail, 8);
+        } else if (length >= 4) {
+            std::uint32_t head, tail;
+            std::memcpy(&head, from, 4);
+            std::memcpy(&tail, from + length - 4, 4);
+            std::memcpy(to, &head, 4);
+            std::memcpy(to + length - 4, &tail, 4);
+        } else {
+            to[0] = from[0];
+            if (length > 1) {
+                to[1] = from[1];
+                to[length - 1] = from[length - 1];
+            }
+        }
+    }
 
     std::vector<char*> m_blocks;
     std::vector<unsigned long> m_blockSizes;

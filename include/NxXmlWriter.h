@@ -289,7 +289,13 @@ private:
     void AppendLineEnd() { m_stream.Append(m_lineEnd); }
     void AppendIndent(unsigned depth);
     void AppendNamespaceDeclaration(const std::string& prefix, const std::string& namespaceUri);
-    void FlushCheck();
+    // A stream that drains elsewhere is asked to once it holds more than
+    // 4095 characters.
+    void FlushCheck()
+    {
+        if (m_stream.GetLength() > 4095)
+            m_stream.Flush();
+    }
     CXmlWriterContext& OpenStartTag() const;
 
     std::string m_lineEnd;

@@ -13,9 +13,6 @@ namespace NxXmlLib9 {
 
 namespace {
 
-// The stream is handed to a draining Flush once it holds more than this.
-const unsigned long kFlushThreshold = 4095;
-
 const char kInstanceNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
 const char kCDataStart[] = "<![CDATA[";
 const size_t kCDataStartLength = sizeof(kCDataStart) - 1;
@@ -59,12 +56,6 @@ void CXmlTextWriter::SetEOLType(EOLType type)
         throw CNxException(kInvalidEol);
     }
     m_eolType = type;
-}
-
-void CXmlTextWriter::FlushCheck()
-{
-    if (m_stream.GetLength() > kFlushThreshold)
-        m_stream.Flush();
 }
 
 void CXmlTextWriter::AppendIndent(unsigned depth)

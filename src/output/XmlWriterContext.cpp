@@ -40,7 +40,9 @@ void Scope::InitChild(const std::string& name, const std::string& namespaceUri, 
     m_childCount = 0;
     m_startTagOpen = true;
     m_depth = parent ? parent->m_depth + 1 : 0;
-    m_namespaceUri = namespaceUri;
+    // A recycled scope mostly had the same namespace already.
+    if (m_namespaceUri != namespaceUri)
+        m_namespaceUri = namespaceUri;
     m_elementName = name;
     m_parent = parent;
     m_attributesWritten = false;

@@ -193,6 +193,11 @@ NxVariant::Value NxVariant::Duplicate(ItemType type, const Value& value)
 
 void NxVariant::Dispose(ItemType type, const Value& value) noexcept
 {
+    // The commonest kind first.
+    if (type == ItemTypeString) {
+        delete value.string;
+        return;
+    }
     switch (StorageOf(type)) {
     case Storage::Owned:
         if (value.owned != nullptr)
@@ -269,7 +274,13 @@ void NxVariant::SetDay(unsigned char value) { SetInline(ItemTypeDay, &Value::day
 void NxVariant::SetChar(char value) { SetInline(ItemTypeChar, &Value::character, value); }
 void NxVariant::SetBoolean(bool value) { SetInline(ItemTypeBoolean, &Value::boolean, value); }
 
-void NxVariant::SetString(const std::string& value) { SetOwned(ItemTypeString, &Value::string, value); }
+void NxVariant::SetString(const std::string& value)
+{
+    // Copied once, straight into the held string.
+    Value stored{};
+    stored.string = new std::string(value);
+    Install(ItemTypeString, stored);
+}
 void NxVariant::SetHexBinary(const CBinaryData& value) { SetOwned(ItemTypeHexBinary, &Value::binary, value); }
 void NxVariant::SetBase64Binary(const CBinaryData& value) { SetOwned(ItemTypeBase64Binary, &Value::binary, value); }
 void NxVariant::SetDuration(const CDateTimeSpan& value) { SetOwned(ItemTypeDuration, &Value::duration, value); }
