@@ -78,7 +78,9 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
     try {
         *copy = map;
     } catch (...) {
-        m_spareMap = copy;
+        // Also when called from the constructor, which has no destructor
+        // to run yet.
+        delete copy;
         throw;
     }
     m_childCount = 0;
@@ -199,7 +201,7 @@ void Scope::TakePrivateMap(const std::string* namespaceUri, const std::string* p
     try {
         CopyMapWith(*copy, EffectiveMap(), namespaceUri, prefix);
     } catch (...) {
-        m_spareMap = copy;
+        delete copy;
         throw;
     }
     if (m_ownsMap)
