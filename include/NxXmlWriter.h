@@ -121,12 +121,22 @@ public:
         // Makes this scope's map a copy of the effective one, with the given
         // binding added when there is one.
         void TakePrivateMap(const std::string* namespaceUri = nullptr, const std::string* prefix = nullptr);
-        bool TagPrefixTrusted() const { return m_tagPrefixHolder && m_tagPrefixStamp == NamespaceStamp(); }
+        // The prefix stays right while the scope whose state it came from is
+        // still the one in force and has not changed since.
+        bool TagPrefixTrusted() const
+        {
+            if (!m_tagPrefixHolder)
+                return false;
+            const CXmlWriterContext* owner = NamespaceOwner();
+            return owner == m_tagPrefixOwner && owner->m_version == m_tagPrefixVersion;
+        }
+        // Counts a change of this scope's own map or default namespace.
+        void NoteStateChange() const { ++m_version; }
         // Sets this scope's tag prefix from a bound prefix (null for none).
         void SetTagPrefix(const std::string* prefix);
         void ForgetTagPrefix();
-        // Counts a change of namespace state anywhere in the chain: cached
-        // owners and tag names computed before it are no longer trusted.
+        // Counts a scope of the chain taking state of its own: the owners
+        // cached before it are no longer trusted.
         void NoteNamespaceChange() const { ++m_chainRoot->m_takeovers; }
         unsigned long NamespaceStamp() const { return m_chainRoot->m_takeovers; }
 
@@ -154,11 +164,15 @@ public:
         // The "prefix:" of the element's tags, held by this scope or by the
         // ancestor that worked it out for a child in its own namespace (null
         // while unknown). Worked out for the start tag and trusted for the
-        // end tag, and for children in the same namespace, while no
-        // namespace state of the chain changed.
+        // end tag, and for children in the same namespace, while the scope
+        // whose map and default namespace decided it stays in force
+        // unchanged (its version).
         std::string m_tagPrefix;
         const CXmlWriterContext* m_tagPrefixHolder;
-        unsigned long m_tagPrefixStamp;
+        const CXmlWriterContext* m_tagPrefixOwner;
+        unsigned long m_tagPrefixVersion;
+        // Changes of this scope's own namespace state, never reset.
+        mutable unsigned long m_version;
         std::string::size_type m_tagNameLength;
         // An owned map from an earlier use of a recycled scope.
         NamespaceMap* m_spareMap;

@@ -13,6 +13,7 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
       m_map(nullptr),
       m_ownsMap(false),
       m_takeovers(0),
+      m_version(0),
       m_spareMap(nullptr)
 {
     InitChild(name, namespaceUri, parent);
@@ -26,6 +27,7 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
       m_map(nullptr),
       m_ownsMap(false),
       m_takeovers(0),
+      m_version(0),
       m_spareMap(nullptr)
 {
     InitRoot(name, namespaceUri, defaultNamespace, map);
@@ -66,6 +68,7 @@ void Scope::InitChild(const std::string& name, const std::string& namespaceUri, 
         m_chainRoot = this;
         m_owner = this;
         m_ownerStamp = m_takeovers;
+        NoteStateChange();
     }
 }
 
@@ -98,6 +101,8 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
     m_owner = this;
     m_ownerStamp = m_takeovers;
     ForgetTagPrefix();
+    // A recycled scope is new state: nothing kept from its last use matches.
+    NoteStateChange();
 }
 
 void Scope::SetMapAside()
@@ -148,9 +153,9 @@ const Scope* Scope::FindNamespaceOwner() const
 // worked out from it before is trusted afterwards.
 CXmlWriter::NamespaceMap& Scope::GetNamespaceMap() const
 {
-    NamespaceMap& map = EffectiveMap();
-    NoteNamespaceChange();
-    return map;
+    const CXmlWriterContext* owner = NamespaceOwner();
+    owner->NoteStateChange();
+    return *owner->m_map;
 }
 
 namespace {
@@ -210,6 +215,7 @@ void Scope::TakePrivateMap(const std::string* namespaceUri, const std::string* p
     m_ownsMap = true;
     m_inherits = false;
     m_owner = this;
+    NoteStateChange();
     // Scopes below this one may have cached an ancestor as their owner.
     NoteNamespaceChange();
 }
@@ -219,7 +225,7 @@ void Scope::SetDefaultNamespace(const std::string& namespaceUri)
     if (m_inherits)
         TakePrivateMap();
     m_defaultNamespace = namespaceUri;
-    NoteNamespaceChange();
+    NoteStateChange();
 }
 
 void Scope::SetNamespaceMapValue(const std::string& namespaceUri, const std::string& prefix)
@@ -231,7 +237,7 @@ void Scope::SetNamespaceMapValue(const std::string& namespaceUri, const std::str
     } else {
         (*m_map)[namespaceUri] = prefix;
     }
-    NoteNamespaceChange();
+    NoteStateChange();
 }
 
 // Adding an empty prefix for a URI that had none changes no answer given
@@ -249,7 +255,8 @@ std::string Scope::GetNamespaceMapValue(const char* namespaceUri)
 void Scope::ForgetTagPrefix()
 {
     m_tagPrefixHolder = nullptr;
-    m_tagPrefixStamp = 0;
+    m_tagPrefixOwner = nullptr;
+    m_tagPrefixVersion = 0;
     // Names end at a zero byte, as the stream takes them.
     m_tagNameLength = std::strlen(m_elementName.c_str());
 }
@@ -264,7 +271,8 @@ void Scope::SetTagPrefix(const std::string* prefix)
         m_tagPrefix.clear();
     }
     m_tagPrefixHolder = this;
-    m_tagPrefixStamp = NamespaceStamp();
+    m_tagPrefixOwner = NamespaceOwner();
+    m_tagPrefixVersion = m_tagPrefixOwner->m_version;
 }
 
 const std::string& Scope::StartTagPrefix(bool& isNew)
@@ -278,7 +286,8 @@ const std::string& Scope::StartTagPrefix(bool& isNew)
     const bool likeParent = m_inherits && parent && parent->m_namespaceUri == m_namespaceUri;
     if (likeParent && parent->TagPrefixTrusted()) {
         m_tagPrefixHolder = parent->m_tagPrefixHolder;
-        m_tagPrefixStamp = NamespaceStamp();
+        m_tagPrefixOwner = parent->m_tagPrefixOwner;
+        m_tagPrefixVersion = parent->m_tagPrefixVersion;
         return m_tagPrefixHolder->m_tagPrefix;
     }
 
@@ -300,7 +309,8 @@ const std::string& Scope::StartTagPrefix(bool& isNew)
     if (likeParent && !isNew) {
         parent->m_tagPrefix = m_tagPrefix;
         parent->m_tagPrefixHolder = parent;
-        parent->m_tagPrefixStamp = m_tagPrefixStamp;
+        parent->m_tagPrefixOwner = m_tagPrefixOwner;
+        parent->m_tagPrefixVersion = m_tagPrefixVersion;
         m_tagPrefixHolder = parent;
     }
     return m_tagPrefixHolder->m_tagPrefix;
