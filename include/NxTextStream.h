@@ -2,6 +2,7 @@
 // holds its characters.
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -29,7 +30,7 @@ public:
     virtual ~CStringBuffer();
 
     // Characters held in all blocks.
-    unsigned long GetLength() const;
+    unsigned long GetLength() const { return m_totalLength; }
 
     // Frees every block.
     void Clear();
@@ -48,14 +49,18 @@ public:
         ++m_totalLength;
     }
     // Appends up to the first zero byte; a null pointer appends nothing.
-    void Append(const char* text);
+    void Append(const char* text)
+    {
+        if (text)
+            Append(text, std::strlen(text));
+    }
     // Appends up to the first zero byte inside the string.
-    void Append(const std::string& text);
+    void Append(const std::string& text) { Append(text.c_str()); }
     // Appends exactly length bytes, zero bytes included.
     void Append(const char* text, unsigned long length)
     {
         if (text && length != 0 && length <= m_capacity - m_position) {
-            std::memcpy(m_currentBlock + m_position, text, length);
+            CopyBytes(m_currentBlock + m_position, text, length);
             m_position += length;
             m_totalLength += length;
             return;
@@ -76,6 +81,32 @@ public:
 
 private:
     void AppendAcrossBlocks(const char* text, unsigned long length);
+    // Markup comes in short pieces: up to 16 bytes are copied with a few
+    // moves instead of a call.
+    static void CopyBytes(char* to, const char* from, unsigned long length)
+    {
+        if (length > 16) {
+            std::memcpy(to, from, length);
+        } else if (length >= 8) {
+            std::uint64_t head, tail;
+            std::memcpy(&head, from, 8);
+            std::memcpy(&tail, from + length - 8, 8);
+            std::memcpy(to, &head, 8);
+            std::memcpy(to + length - 8, &tail, 8);
+        } else if (length >= 4) {
+            std::uint32_t head, tail;
+            std::memcpy(&head, from, 4);
+            std::memcpy(&tail, from + length - 4, 4);
+            std::memcpy(to, &head, 4);
+            std::memcpy(to + length - 4, &tail, 4);
+        } else {
+            to[0] = from[0];
+            if (length > 1) {
+                to[1] = from[1];
+                to[length - 1] = from[length - 1];
+            }
+        }
+    }
 
     std::vector<char*> m_blocks;
     std::vector<unsigned long> m_blockSizes;
@@ -101,7 +132,7 @@ public:
     virtual void Close();
     virtual void Flush();
 
-    unsigned long GetLength() const;
+    unsigned long GetLength() const { return m_buffer.GetLength(); }
     XmlEncoding GetEncoding() const;
     // The buffered text, zero terminated, valid until the next change.
     const char* GetText() const;

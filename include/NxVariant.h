@@ -112,6 +112,9 @@ public:
     unsigned char GetDay() const { return m_value.day; }
     char GetChar() const { return m_value.character; }
     std::string GetString() const;
+    // The held text of a string variant, read in place; any other kind
+    // gives an empty text. Valid until the variant changes.
+    const std::string& GetStringRef() const;
     bool GetBoolean() const { return m_value.boolean; }
     // The receiver holds its own count.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;

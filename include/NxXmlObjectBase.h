@@ -179,6 +179,9 @@ public:
     void TestNamespace(const char* namespaceUri, const char* wildcard, const char* targetNamespace) const;
 
 protected:
+    // The element name in place, for the walks that only read it.
+    const std::string& GetElementNameRef() const { return m_elementName; }
+
     virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;
     virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* elementNamespace,
                            const CXmlSerializationContext& context, bool isOptionalChoice) const = 0;

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "NxFoundation.h"
 #include "NxOutputOptions.h"
@@ -41,8 +42,10 @@ public:
 
         // The effective map and default namespace: this scope's own, or those
         // of the nearest ancestor that has its own.
+        // The map is handed out for changes too; whatever the scope worked
+        // out from it before is worked out afresh afterwards.
         NamespaceMap& GetNamespaceMap() const;
-        const std::string& GetDefaultNamespace() const;
+        const std::string& GetDefaultNamespace() const { return NamespaceOwner()->m_defaultNamespace; }
         void SetDefaultNamespace(const std::string& namespaceUri);
         void SetNamespaceMapValue(const std::string& namespaceUri, const std::string& prefix);
         // The prefix of a URI in the effective map. A URI not in it is added
@@ -72,9 +75,65 @@ public:
         bool InheritsNamespaces() const { return m_inherits; }
         bool OwnsMap() const { return m_ownsMap; }
 
+        // The effective map for the writers' own look-ups, which change it
+        // only through the operations above.
+        NamespaceMap& EffectiveMap() const { return *NamespaceOwner()->m_map; }
+
+        // What the element's start tag puts ahead of its name: "prefix:"
+        // when its namespace is neither empty nor the default, nothing
+        // otherwise. A namespace with no prefix yet gets a generated one,
+        // stored in this scope, and isNew is set so that the caller declares
+        // it. The text stays valid while the scope is open and its bindings
+        // do not change.
+        const std::string& StartTagPrefix(bool& isNew);
+        // The same for the end tag, with the prefix the effective map holds
+        // now (an unbound namespace is added with an empty prefix).
+        const std::string& EndTagPrefix();
+        // Length of the element name up to its first zero byte, as tags
+        // spell it.
+        std::string::size_type GetTagNameLength() const { return m_tagNameLength; }
+
     private:
-        const CXmlWriterContext* NamespaceOwner() const;
-        void TakePrivateMap();
+        friend class CXmlWriter;
+
+        void InitChild(const std::string& name, const std::string& namespaceUri, CXmlWriterContext* parent);
+        void InitRoot(const std::string& name, const std::string& namespaceUri, const std::string& defaultNamespace,
+                      const NamespaceMap& map);
+        // Keeps an owned map for the next use of the scope, which spares
+        // its nodes.
+        void SetMapAside();
+        // The nearest scope with namespace state of its own; the answer is
+        // cached until the state of the chain changes.
+        const CXmlWriterContext* NamespaceOwner() const
+        {
+            if (!m_inherits)
+                return this;
+            if (m_ownerStamp == NamespaceStamp())
+                return m_owner;
+            return FindNamespaceOwner();
+        }
+        const CXmlWriterContext* FindNamespaceOwner() const;
+        // Makes this scope's map a copy of the effective one, with the given
+        // binding added when there is one.
+        void TakePrivateMap(const std::string* namespaceUri = nullptr, const std::string* prefix = nullptr);
+        // The prefix stays right while the scope whose state it came from is
+        // still the one in force and has not changed since.
+        bool TagPrefixTrusted() const
+        {
+            if (!m_tagPrefixHolder)
+                return false;
+            const CXmlWriterContext* owner = NamespaceOwner();
+            return owner == m_tagPrefixOwner && owner->m_version == m_tagPrefixVersion;
+        }
+        // Counts a change of this scope's own map or default namespace.
+        void NoteStateChange() const { ++m_version; }
+        // Sets this scope's tag prefix from a bound prefix (null for none).
+        void SetTagPrefix(const std::string* prefix);
+        void ForgetTagPrefix();
+        // Counts a scope of the chain taking state of its own: the owners
+        // cached before it are no longer trusted.
+        void NoteNamespaceChange() const { ++m_chainRoot->m_takeovers; }
+        unsigned long NamespaceStamp() const { return m_chainRoot->m_takeovers; }
 
         unsigned m_childCount;
         bool m_startTagOpen;
@@ -93,9 +152,25 @@ public:
         // The answer is cached, and the cache is dropped whenever any scope
         // of the chain takes state of its own (counted at the chain's root).
         CXmlWriterContext* m_chainRoot;
-        unsigned long m_takeovers;
+        mutable unsigned long m_takeovers;
         mutable const CXmlWriterContext* m_owner;
         mutable unsigned long m_ownerStamp;
+
+        // The "prefix:" of the element's tags, held by this scope or by the
+        // ancestor that worked it out for a child in its own namespace (null
+        // while unknown). Worked out for the start tag and trusted for the
+        // end tag, and for children in the same namespace, while the scope
+        // whose map and default namespace decided it stays in force
+        // unchanged (its version).
+        std::string m_tagPrefix;
+        const CXmlWriterContext* m_tagPrefixHolder;
+        const CXmlWriterContext* m_tagPrefixOwner;
+        unsigned long m_tagPrefixVersion;
+        // Changes of this scope's own namespace state, never reset.
+        mutable unsigned long m_version;
+        std::string::size_type m_tagNameLength;
+        // An owned map from an earlier use of a recycled scope.
+        NamespaceMap* m_spareMap;
     };
 
     // "http://www.w3.org/XML/1998/namespace", bound to the prefix "xml".
@@ -156,6 +231,10 @@ protected:
     // prefix is generated and stored in the scope, and isNew is set.
     static std::string FindOrCreatePrefix(CXmlWriterContext& scope, const std::string& namespaceUri,
                                           bool& isNew);
+    // The same, as a reference into the scope's effective map, valid until
+    // that map changes.
+    static const std::string& FindOrCreatePrefixInPlace(CXmlWriterContext& scope, const std::string& namespaceUri,
+                                                        bool& isNew);
     // URIs under the XML namespace are never declared.
     static bool IsXmlNamespace(const std::string& namespaceUri);
 
@@ -163,6 +242,9 @@ private:
     std::string m_defaultNamespace;
     CXmlWriterContext* m_pCurrentContext;
     NamespaceMap m_namespaceMap;
+    // Closed scopes, kept for the next elements: one per level of the
+    // deepest tree written so far, so that an element costs no allocation.
+    mutable std::vector<CXmlWriterContext*> m_spareScopes;
 };
 
 // Writes XML text into a text stream, which it does not own.
@@ -209,10 +291,20 @@ public:
     void PadAndAppend(const char* text, bool isAttribute);
 
 private:
+    // PadAndAppend on a text of known length, which ends early at a zero
+    // byte all the same.
+    static void PadAndAppend(CTextStream& stream, EOLType eolType, const char* text, size_t length,
+                             bool isAttribute);
     void AppendLineEnd() { m_stream.Append(m_lineEnd); }
     void AppendIndent(unsigned depth);
     void AppendNamespaceDeclaration(const std::string& prefix, const std::string& namespaceUri);
-    void FlushCheck();
+    // A stream that drains elsewhere is asked to once it holds more than
+    // 4095 characters.
+    void FlushCheck()
+    {
+        if (m_stream.GetLength() > 4095)
+            m_stream.Flush();
+    }
     CXmlWriterContext& OpenStartTag() const;
 
     std::string m_lineEnd;

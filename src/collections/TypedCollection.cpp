@@ -2,6 +2,7 @@
 // instantiation per kind.
 #include "NxTypedCollections.h"
 
+#include <type_traits>
 #include <utility>
 
 #include "collections/TypedCollectionSteps.h"
@@ -76,9 +77,15 @@ template <class Kind>
 void CPrimitiveCol<Kind>::ToXml_Int(CXmlWriter* writer, bool /*isRoot*/, const char* /*elementNamespace*/,
                                     const CXmlSerializationContext& context, bool /*isOptionalChoice*/) const
 {
-    const char* format = GetFormat();
-    TypedCollectionSteps::Write(*this, m_items, writer, context, GetItemType(),
-                                [format](const Stored& value) { return Kind::ToString(value, format); });
+    // Strings are their own text and are written in place.
+    if constexpr (std::is_same_v<Stored, std::string>) {
+        TypedCollectionSteps::Write(*this, m_items, writer, context, GetItemType(),
+                                    [](const Stored& value) -> const std::string& { return value; });
+    } else {
+        const char* format = GetFormat();
+        TypedCollectionSteps::Write(*this, m_items, writer, context, GetItemType(),
+                                    [format](const Stored& value) { return Kind::ToString(value, format); });
+    }
 }
 
 #define NXXML_DEFINE_PRIMITIVE_COL(name, ...)   \

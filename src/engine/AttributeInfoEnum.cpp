@@ -26,13 +26,13 @@ void CAttributeInfoEnum::AttributeToXml(const CXmlSerializationContext& context,
 {
     WriteValueAttribute(
         *this, context, object, writer,
-        [this](const NxVariant& value) {
+        [this](const NxVariant& value, std::string& buffer) -> const std::string& {
             const long number = value.GetI4();
             const char* text = m_toText(static_cast<int>(number));
             // A number without a text would otherwise vanish from the output.
             if (!text)
                 throw CNxInvalidValueException(FormatString("Invalid Value for %s [%ld]", m_name.c_str(), number));
-            return std::string(text);
+            return buffer = text;
         },
         [](const NxVariant&) {}, // the enumeration's texts are its only facet
         [](const NxVariant&) { return ItemTypeString; });

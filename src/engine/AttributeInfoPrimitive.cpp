@@ -29,7 +29,13 @@ void CAttributeInfoPrimitive::AttributeToXml(const CXmlSerializationContext& con
                                              const CXmlGeneratedClass* object, CXmlWriter* writer) const
 {
     WriteValueAttribute(
-        *this, context, object, writer, [this](const NxVariant& value) { return value.ToString(m_format); },
+        *this, context, object, writer,
+        [this](const NxVariant& value, std::string& buffer) -> const std::string& {
+            // A string is its own text.
+            if (value.GetItemType() == ItemTypeString)
+                return value.GetStringRef();
+            return buffer = value.ToString(m_format);
+        },
         [this](const NxVariant& value) { CheckRestriction(value); },
         [](const NxVariant& value) { return value.GetItemType(); });
 }
@@ -53,7 +59,7 @@ void CAttributeInfoPrimitive::Validate(const CXmlSerializationContext&, bool fou
     ValidateRequiredAttribute(*this, found);
 }
 
-void CAttributeInfoPrimitive::CheckRestriction(NxVariant value) const
+void CAttributeInfoPrimitive::CheckRestriction(const NxVariant& value) const
 {
     CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
 }

@@ -12,8 +12,9 @@
 
 namespace NxXmlLib9Data {
 
-// Writes the attribute of entry from its property. toText turns the value
-// into the attribute's text; check runs the facet checks (on a value that
+// Writes the attribute of entry from its property. toText(value, buffer)
+// gives the attribute's text: a text the value holds, or one made in the
+// buffer; check runs the facet checks (on a value that
 // is written); itemType gives the item type to write under.
 //
 // An unset optional attribute is left out. An optional attribute whose text
@@ -30,7 +31,8 @@ void WriteValueAttribute(const CAttributeInfo& entry, const NxXmlLib9::CXmlSeria
     entry.ReadProperty(object, value);
     if (entry.IsOptional() && !value.IsValid())
         return;
-    const std::string text = toText(value);
+    std::string buffer;
+    const std::string& text = toText(value, buffer);
     if (entry.IsOptional() && !entry.GetDefaultValue().empty() && context.GetNoOptionalAttributeDefaultOutput() &&
         text == entry.GetDefaultValue())
         return;

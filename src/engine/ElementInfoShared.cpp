@@ -61,7 +61,11 @@ bool ElementToXmlPrim(const CElementInfo& entry, const char* format, const CXmlS
         return false;
     entry.CheckRestriction(value);
     writer->WriteStartElement(entry.GetName(), entry.GetNamespace());
-    writer->WriteString(value.ToString(format), value.GetItemType());
+    // A string is its own text: it is written in place.
+    if (value.GetItemType() == ItemTypeString)
+        writer->WriteString(value.GetStringRef(), ItemTypeString);
+    else
+        writer->WriteString(value.ToString(format), value.GetItemType());
     writer->WriteEndElement();
     return true;
 }

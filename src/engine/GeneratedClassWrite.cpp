@@ -44,7 +44,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char* 
             const std::string tagNamespace = OrEmpty(elementNamespace);
             if (isRoot)
                 WriteRootPrologue(writer, context);
-            writer->WriteStartElement(GetElementName(), tagNamespace);
+            writer->WriteStartElement(GetElementNameRef(), tagNamespace);
             if (isRoot) {
                 const CSmartPtr<CAttributeCol> rootAttributes = context.GetAdditionalRootAttributes();
                 CXmlObjectBase::ToXml_Int(rootAttributes, writer, false, tagNamespace.c_str(), context,
@@ -101,7 +101,7 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer, const CXmlSeria
         // otherwise than its schema type: substitution, or a derived type
         // under an element of the base type.
         if (context.GetWriteTypeAttribute() && info->GetMayWriteTypeAttribute() &&
-            info->GetTypeName() != GetElementName())
+            info->GetTypeName() != GetElementNameRef())
             writer->WriteAttributeType(info->GetTypeNamespace(), info->GetTypeName(), ItemTypeString);
         ProcessAttributesToXml(context, GetClassElementInfo(), GetClassAttributeInfo(), writer);
     } catch (const CNxException& failure) {

@@ -33,6 +33,10 @@ void CXmlObjectHelper::CheckRestriction(const char* name, const NxVariant& value
     case ItemTypeR8:
         return CheckRestrictionForr8(name, value.GetR8(), restrictions);
     case ItemTypeString:
+        // Most strings carry no facet at all; they need no copy to pass.
+        if (restrictions.Pattern.empty() && restrictions.MinLength < 0 && restrictions.MaxLength < 0 &&
+            restrictions.Length < 0)
+            return;
         return CheckRestrictionForstring(name, value.GetString(), restrictions);
     case ItemTypeBoolean:
         return CheckRestrictionForboolean(name, value.GetBoolean(), restrictions);

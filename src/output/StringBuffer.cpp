@@ -67,11 +67,6 @@ CStringBuffer::~CStringBuffer()
     Clear();
 }
 
-unsigned long CStringBuffer::GetLength() const
-{
-    return m_totalLength;
-}
-
 void CStringBuffer::Clear()
 {
     for (char* block : m_blocks)
@@ -119,16 +114,6 @@ void CStringBuffer::AddNewBlock()
 }
 
 
-void CStringBuffer::Append(const char* text)
-{
-    if (text)
-        Append(text, std::strlen(text));
-}
-
-void CStringBuffer::Append(const std::string& text)
-{
-    Append(text.c_str());
-}
 
 void CStringBuffer::AppendAcrossBlocks(const char* text, unsigned long length)
 {

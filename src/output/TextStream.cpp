@@ -22,11 +22,6 @@ void CTextStream::Close() {}
 
 void CTextStream::Flush() {}
 
-unsigned long CTextStream::GetLength() const
-{
-    return m_buffer.GetLength();
-}
-
 XmlEncoding CTextStream::GetEncoding() const
 {
     return m_encoding;

@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <cstring>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace NxXmlLib9 {
 
 namespace {
-
-// The stream is handed to a draining Flush once it holds more than this.
-const unsigned long kFlushThreshold = 4095;
 
 const char kInstanceNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
 const char kCDataStart[] = "<![CDATA[";
@@ -57,12 +58,6 @@ void CXmlTextWriter::SetEOLType(EOLType type)
     m_eolType = type;
 }
 
-void CXmlTextWriter::FlushCheck()
-{
-    if (m_stream.GetLength() > kFlushThreshold)
-        m_stream.Flush();
-}
-
 void CXmlTextWriter::AppendIndent(unsigned depth)
 {
     while (depth > 0) {
@@ -82,46 +77,88 @@ void CXmlTextWriter::AppendNamespaceDeclaration(const std::string& prefix,
     m_stream.Append('"');
 }
 
-// Plain bytes are gathered into runs and appended in one call each; only the
-// bytes that need a replacement break a run.
+namespace {
+
+// Bytes that end a run of plain text: the terminator, line ends and the
+// five that are escaped.
+struct SpecialTable {
+    bool special[256] = {};
+    SpecialTable()
+    {
+        for (unsigned char c : {'\0', '\n', '\r', '"', '&', '<', '>'})
+            special[c] = true;
+    }
+};
+const SpecialTable kSpecial;
+
+// The first byte in [p, end) that ends a run, or end. Sixteen bytes are
+// tested at a time where the processor allows it.
+const char* FindSpecial(const char* p, const char* end)
+{
+#if defined(__SSE2__)
+    const __m128i nul = _mm_setzero_si128();
+    const __m128i lineFeed = _mm_set1_epi8('\n');
+    const __m128i carriageReturn = _mm_set1_epi8('\r');
+    const __m128i quote = _mm_set1_epi8('"');
+    const __m128i ampersand = _mm_set1_epi8('&');
+    const __m128i less = _mm_set1_epi8('<');
+    const __m128i greater = _mm_set1_epi8('>');
+    while (end - p >= 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        __m128i hits = _mm_or_si128(_mm_cmpeq_epi8(bytes, nul), _mm_cmpeq_epi8(bytes, lineFeed));
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(bytes, carriageReturn));
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(bytes, quote));
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(bytes, ampersand));
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(bytes, less));
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(bytes, greater));
+        const int mask = _mm_movemask_epi8(hits);
+        if (mask != 0)
+            return p + __builtin_ctz(static_cast<unsigned>(mask));
+        p += 16;
+    }
+#endif
+    while (p != end && !kSpecial.special[static_cast<unsigned char>(*p)])
+        ++p;
+    return p;
+}
+
+} // namespace
+
 void CXmlTextWriter::PadAndAppend(const char* text, bool isAttribute)
 {
-    if (!text)
-        return;
-    // Characters that end a run of plain text: the terminator, line ends
-    // and the five that are escaped.
-    static const struct SpecialTable {
-        bool special[256] = {};
-        SpecialTable()
-        {
-            for (unsigned char c : {'\0', '\n', '\r', '"', '&', '<', '>'})
-                special[c] = true;
-        }
-    } table;
+    if (text)
+        PadAndAppend(m_stream, m_eolType, text, std::strlen(text), isAttribute);
+}
+
+// Plain bytes are gathered into runs and appended in one call each; only the
+// bytes that need a replacement break a run. The text ends at its length or
+// at a zero byte, whichever comes first.
+void CXmlTextWriter::PadAndAppend(CTextStream& stream, EOLType eolType, const char* text, size_t length,
+                                  bool isAttribute)
+{
+    const char* const end = text + length;
     const char* run = text;
-    const char* p = text;
-    for (;; ++p) {
-        while (!table.special[static_cast<unsigned char>(*p)])
-            ++p;
-        const char c = *p;
+    for (const char* p = text;; ++p) {
+        p = FindSpecial(p, end);
+        if (p == end || *p == '\0') {
+            stream.Append(run, static_cast<unsigned long>(p - run));
+            return;
+        }
         const char* replacement;
         unsigned long replacementLength;
-        switch (c) {
-        case '\0':
-            m_stream.Append(run, static_cast<unsigned long>(p - run));
-            return;
+        switch (*p) {
         case '\n':
             if (isAttribute) {
                 replacement = "&#xA;";
                 replacementLength = 5;
-            } else if (m_eolType == EOLTypeCRLF) {
+            } else if (eolType == EOLTypeCRLF) {
                 replacement = "\r\n";
                 replacementLength = 2;
-            } else if (m_eolType == EOLTypeLF) {
+            } else if (eolType == EOLTypeLF) {
                 replacement = "\n";
                 replacementLength = 1;
             } else {
-                m_stream.Append(run, static_cast<unsigned long>(p - run));
+                stream.Append(run, static_cast<unsigned long>(p - run));
                 throw CNxException(kInvalidEol);
             }
             break;
@@ -141,15 +178,13 @@ void CXmlTextWriter::PadAndAppend(const char* text, bool isAttribute)
             replacement = "&lt;";
             replacementLength = 4;
             break;
-        case '>':
+        default: // '>'
             replacement = "&gt;";
             replacementLength = 4;
             break;
-        default:
-            continue;
         }
-        m_stream.Append(run, static_cast<unsigned long>(p - run));
-        m_stream.Append(replacement, replacementLength);
+        stream.Append(run, static_cast<unsigned long>(p - run));
+        stream.Append(replacement, replacementLength);
         run = p + 1;
     }
 }
@@ -223,10 +258,10 @@ void CXmlTextWriter::WriteString(const std::string& text, ItemType /*item*/)
         m_stream.Append('>');
         scope->SetStartTagOpen(false);
     }
-    if (text.compare(0, kCDataStartLength, kCDataStart) == 0)
+    if (text.size() >= kCDataStartLength && std::memcmp(text.data(), kCDataStart, kCDataStartLength) == 0)
         m_stream.Append(text);
     else
-        PadAndAppend(text.c_str(), false);
+        PadAndAppend(m_stream, m_eolType, text.data(), text.size(), false);
     FlushCheck();
 }
 
@@ -255,18 +290,18 @@ void CXmlTextWriter::WriteStartElement(const std::string& name, const std::strin
             AppendIndent(scope->GetDepth());
         m_stream.Append('<');
 
-        if (!namespaceUri.empty() && namespaceUri != scope->GetDefaultNamespace()) {
-            bool isNew = false;
-            const std::string prefix = FindOrCreatePrefix(*scope, namespaceUri, isNew);
-            m_stream.Append(prefix);
-            m_stream.Append(':');
-            m_stream.Append(name);
-            if (isNew) {
-                m_stream.Append(' ');
-                AppendNamespaceDeclaration(prefix, namespaceUri);
-            }
-        } else {
-            m_stream.Append(name);
+        // A namespace other than the default is spelled with its prefix, and
+        // declared here when the prefix was made for this element.
+        bool isNew = false;
+        const std::string& prefix = scope->StartTagPrefix(isNew);
+        m_stream.Append(prefix.data(), prefix.size());
+        m_stream.Append(name.data(), scope->GetTagNameLength());
+        if (isNew) {
+            m_stream.Append(" xmlns:", 7);
+            m_stream.Append(prefix.data(), prefix.size() - 1);
+            m_stream.Append("=\"", 2);
+            m_stream.Append(namespaceUri);
+            m_stream.Append('"');
         }
 
         // The root declares the writer's own bindings. A prefix generated
@@ -307,13 +342,9 @@ void CXmlTextWriter::WriteEndElement()
         if (m_format && scope->GetChildCount() != 0)
             AppendIndent(scope->GetDepth());
         m_stream.Append("</", 2);
-        const std::string& namespaceUri = scope->GetNamespaceUri();
-        if (!namespaceUri.empty() && namespaceUri != scope->GetDefaultNamespace()) {
-            // Same look-up as GetNamespaceMapValue, without copying the prefix.
-            m_stream.Append(scope->GetNamespaceMap()[namespaceUri]);
-            m_stream.Append(':');
-        }
-        m_stream.Append(scope->GetElementName());
+        const std::string& prefix = scope->EndTagPrefix();
+        m_stream.Append(prefix.data(), prefix.size());
+        m_stream.Append(scope->GetElementName().data(), scope->GetTagNameLength());
         m_stream.Append('>');
     }
     if (m_format)
@@ -339,7 +370,7 @@ void CXmlTextWriter::WriteAttributeString(const std::string& name, const std::st
     // prefix: unprefixed attributes are in no namespace.
     if (!namespaceUri.empty()) {
         bool isNew = false;
-        const std::string prefix = FindOrCreatePrefix(scope, namespaceUri, isNew);
+        const std::string& prefix = FindOrCreatePrefixInPlace(scope, namespaceUri, isNew);
         if (isNew) {
             AppendNamespaceDeclaration(prefix, namespaceUri);
             m_stream.Append(' ');
@@ -349,7 +380,7 @@ void CXmlTextWriter::WriteAttributeString(const std::string& name, const std::st
     }
     m_stream.Append(name);
     m_stream.Append("=\"", 2);
-    PadAndAppend(value.c_str(), true);
+    PadAndAppend(m_stream, m_eolType, value.data(), value.size(), true);
     m_stream.Append('"');
     FlushCheck();
 }
@@ -360,7 +391,7 @@ void CXmlTextWriter::WriteAttributeType(const std::string& namespaceUri, const s
     CXmlWriterContext& scope = OpenStartTag();
     if (!namespaceUri.empty() && namespaceUri != scope.GetDefaultNamespace()) {
         bool isNew = false;
-        const std::string prefix = FindOrCreatePrefix(scope, namespaceUri, isNew);
+        const std::string& prefix = FindOrCreatePrefixInPlace(scope, namespaceUri, isNew);
         if (isNew) {
             m_stream.Append(' ');
             AppendNamespaceDeclaration(prefix, namespaceUri);

@@ -29,6 +29,8 @@ CXmlWriter::CXmlWriter()
 CXmlWriter::~CXmlWriter()
 {
     delete m_pCurrentContext;
+    for (CXmlWriterContext* scope : m_spareScopes)
+        delete scope;
 }
 
 void CXmlWriter::Open() {}
@@ -65,17 +67,20 @@ std::string CXmlWriter::NsIntToString(int i)
 
 std::string CXmlWriter::GetUniquePrefix(const NamespaceMap& map)
 {
+    // The candidates are compared in place; only the one chosen is made.
     for (int i = 0; i < kDistinctPrefixes; ++i) {
-        std::string candidate = NsIntToString(i);
+        const char first = static_cast<char>('A' + i / 26);
+        const char second = static_cast<char>('A' + i % 26);
         bool taken = false;
         for (const auto& entry : map) {
-            if (entry.second == candidate) {
+            const std::string& prefix = entry.second;
+            if (prefix.size() == 2 && prefix[0] == first && prefix[1] == second) {
                 taken = true;
                 break;
             }
         }
         if (!taken)
-            return candidate;
+            return NsIntToString(i);
     }
     throw CNxException("No namespace prefix is left to generate.");
 }
@@ -83,9 +88,23 @@ std::string CXmlWriter::GetUniquePrefix(const NamespaceMap& map)
 CXmlWriter::CXmlWriterContext* CXmlWriter::NewScope(const std::string& name,
                                                     const std::string& namespaceUri) const
 {
-    if (m_pCurrentContext)
-        return new CXmlWriterContext(name, namespaceUri, m_pCurrentContext);
-    return new CXmlWriterContext(name, namespaceUri, m_defaultNamespace, m_namespaceMap, nullptr);
+    if (m_spareScopes.empty()) {
+        if (m_pCurrentContext)
+            return new CXmlWriterContext(name, namespaceUri, m_pCurrentContext);
+        return new CXmlWriterContext(name, namespaceUri, m_defaultNamespace, m_namespaceMap, nullptr);
+    }
+    CXmlWriterContext* scope = m_spareScopes.back();
+    m_spareScopes.pop_back();
+    try {
+        if (m_pCurrentContext)
+            scope->InitChild(name, namespaceUri, m_pCurrentContext);
+        else
+            scope->InitRoot(name, namespaceUri, m_defaultNamespace, m_namespaceMap);
+    } catch (...) {
+        delete scope;
+        throw;
+    }
+    return scope;
 }
 
 void CXmlWriter::PushScope(CXmlWriterContext* scope)
@@ -99,7 +118,11 @@ void CXmlWriter::PopScope()
     if (!scope)
         return;
     m_pCurrentContext = scope->DetachParent();
-    delete scope;
+    try {
+        m_spareScopes.push_back(scope);
+    } catch (...) {
+        delete scope;
+    }
 }
 
 void CXmlWriter::DiscardScope(CXmlWriterContext* scope)
@@ -113,16 +136,21 @@ void CXmlWriter::DiscardScope(CXmlWriterContext* scope)
 std::string CXmlWriter::FindOrCreatePrefix(CXmlWriterContext& scope, const std::string& namespaceUri,
                                            bool& isNew)
 {
-    NamespaceMap& map = scope.GetNamespaceMap();
+    return FindOrCreatePrefixInPlace(scope, namespaceUri, isNew);
+}
+
+const std::string& CXmlWriter::FindOrCreatePrefixInPlace(CXmlWriterContext& scope, const std::string& namespaceUri,
+                                                         bool& isNew)
+{
+    NamespaceMap& map = scope.EffectiveMap();
     NamespaceMap::const_iterator found = map.find(namespaceUri);
-    if (found != map.end()) {
-        isNew = false;
-        return found->second;
+    isNew = found == map.end();
+    if (isNew) {
+        scope.SetNamespaceMapValue(namespaceUri, GetUniquePrefix(map));
+        // The scope may have taken a map of its own for it.
+        found = scope.EffectiveMap().find(namespaceUri);
     }
-    std::string prefix = GetUniquePrefix(map);
-    scope.SetNamespaceMapValue(namespaceUri, prefix);
-    isNew = true;
-    return prefix;
+    return found->second;
 }
 
 bool CXmlWriter::IsXmlNamespace(const std::string& namespaceUri)

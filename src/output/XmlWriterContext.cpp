@@ -1,6 +1,8 @@
 #include "NxXmlWriter.h"
 #include "foundation/TextArgument.h"
 
+#include <cstring>
+
 namespace NxXmlLib9 {
 
 typedef CXmlWriter::CXmlWriterContext Scope;
@@ -8,51 +10,112 @@ typedef CXmlWriter::CXmlWriterContext Scope;
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          CXmlWriterContext* parent)
     : CInstanceMonitor("CXmlWriterContext"),
-      m_childCount(0),
-      m_startTagOpen(true),
-      m_depth(parent ? parent->m_depth + 1 : 0),
-      m_namespaceUri(namespaceUri),
-      m_elementName(name),
-      m_parent(parent),
-      m_attributesWritten(false),
+      m_parent(nullptr),
       m_map(nullptr),
-      m_inherits(parent != nullptr),
-      m_ownsMap(parent == nullptr),
-      m_chainRoot(parent ? parent->m_chainRoot : this),
+      m_ownsMap(false),
       m_takeovers(0),
-      m_owner(this),
-      m_ownerStamp(0)
+      m_version(0),
+      m_spareMap(nullptr)
 {
-    if (parent) {
-        m_owner = parent->NamespaceOwner();
-        m_ownerStamp = m_chainRoot->m_takeovers;
-        m_map = m_owner->m_map;
-    } else {
-        // Without a parent there is nothing to share: start empty instead.
-        m_map = new NamespaceMap();
-    }
+    InitChild(name, namespaceUri, parent);
 }
 
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          const std::string& defaultNamespace, const NamespaceMap& map,
                          CXmlWriterContext* parent)
     : CInstanceMonitor("CXmlWriterContext"),
-      m_childCount(0),
-      m_startTagOpen(true),
-      m_depth(0),
-      m_namespaceUri(namespaceUri),
-      m_elementName(name),
-      m_parent(parent),
-      m_attributesWritten(false),
-      m_defaultNamespace(defaultNamespace),
-      m_map(new NamespaceMap(map)),
-      m_inherits(false),
-      m_ownsMap(true),
-      m_chainRoot(this),
+      m_parent(nullptr),
+      m_map(nullptr),
+      m_ownsMap(false),
       m_takeovers(0),
-      m_owner(this),
-      m_ownerStamp(0)
+      m_version(0),
+      m_spareMap(nullptr)
 {
+    InitRoot(name, namespaceUri, defaultNamespace, map);
+    m_parent = parent;
+}
+
+// Both are also how a recycled scope starts over: every field is set again,
+// and the strings keep their storage.
+void Scope::InitChild(const std::string& name, const std::string& namespaceUri, CXmlWriterContext* parent)
+{
+    SetMapAside();
+    m_childCount = 0;
+    m_startTagOpen = true;
+    m_depth = parent ? parent->m_depth + 1 : 0;
+    // A recycled scope mostly had the same namespace already.
+    if (m_namespaceUri != namespaceUri)
+        m_namespaceUri = namespaceUri;
+    m_elementName = name;
+    m_parent = parent;
+    m_attributesWritten = false;
+    m_defaultNamespace.clear();
+    ForgetTagPrefix();
+    if (parent) {
+        m_inherits = true;
+        m_ownsMap = false;
+        m_chainRoot = parent->m_chainRoot;
+        m_owner = parent->NamespaceOwner();
+        m_ownerStamp = NamespaceStamp();
+        m_map = m_owner->m_map;
+    } else {
+        // Without a parent there is nothing to share: start empty instead.
+        NamespaceMap* map = m_spareMap ? m_spareMap : new NamespaceMap();
+        map->clear();
+        m_spareMap = nullptr;
+        m_map = map;
+        m_inherits = false;
+        m_ownsMap = true;
+        m_chainRoot = this;
+        m_owner = this;
+        m_ownerStamp = m_takeovers;
+        NoteStateChange();
+    }
+}
+
+void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, const std::string& defaultNamespace,
+                     const NamespaceMap& map)
+{
+    SetMapAside();
+    NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
+    m_spareMap = nullptr;
+    try {
+        *copy = map;
+    } catch (...) {
+        // Also when called from the constructor, which has no destructor
+        // to run yet.
+        delete copy;
+        throw;
+    }
+    m_childCount = 0;
+    m_startTagOpen = true;
+    m_depth = 0;
+    m_namespaceUri = namespaceUri;
+    m_elementName = name;
+    m_parent = nullptr;
+    m_attributesWritten = false;
+    m_defaultNamespace = defaultNamespace;
+    m_map = copy;
+    m_inherits = false;
+    m_ownsMap = true;
+    m_chainRoot = this;
+    m_owner = this;
+    m_ownerStamp = m_takeovers;
+    ForgetTagPrefix();
+    // A recycled scope is new state: nothing kept from its last use matches.
+    NoteStateChange();
+}
+
+void Scope::SetMapAside()
+{
+    if (m_ownsMap && m_map) {
+        if (m_spareMap)
+            delete m_map;
+        else
+            m_spareMap = m_map;
+    }
+    m_map = nullptr;
+    m_ownsMap = false;
 }
 
 // The chain of parents goes with the scope. It is taken down in a loop, not
@@ -67,6 +130,7 @@ Scope::~CXmlWriterContext()
     }
     if (m_ownsMap)
         delete m_map;
+    delete m_spareMap;
 }
 
 Scope* Scope::DetachParent()
@@ -76,43 +140,85 @@ Scope* Scope::DetachParent()
     return parent;
 }
 
-const Scope* Scope::NamespaceOwner() const
+const Scope* Scope::FindNamespaceOwner() const
 {
-    if (!m_inherits)
-        return this;
-    if (m_ownerStamp != m_chainRoot->m_takeovers) {
-        const CXmlWriterContext* scope = this;
-        while (scope->m_inherits && scope->m_parent)
-            scope = scope->m_parent;
-        m_owner = scope;
-        m_ownerStamp = m_chainRoot->m_takeovers;
-    }
-    return m_owner;
+    const CXmlWriterContext* scope = this;
+    while (scope->m_inherits && scope->m_parent)
+        scope = scope->m_parent;
+    m_owner = scope;
+    m_ownerStamp = NamespaceStamp();
+    return scope;
 }
 
+// Whoever holds the map may change it behind the scope's back, so nothing
+// worked out from it before is trusted afterwards.
 CXmlWriter::NamespaceMap& Scope::GetNamespaceMap() const
 {
-    return *NamespaceOwner()->m_map;
+    const CXmlWriterContext* owner = NamespaceOwner();
+    owner->NoteStateChange();
+    return *owner->m_map;
 }
 
-const std::string& Scope::GetDefaultNamespace() const
+namespace {
+
+// Makes target equal to source with the binding (uri, prefix) added, when
+// uri is not null. A target that already has the same URIs, as a recycled
+// map of the same place in the tree has, only takes the prefixes over, which
+// allocates nothing; any other is copied whole.
+void CopyMapWith(CXmlWriter::NamespaceMap& target, const CXmlWriter::NamespaceMap& source,
+                 const std::string* uri, const std::string* prefix)
 {
-    return NamespaceOwner()->m_defaultNamespace;
+    const CXmlWriter::NamespaceMap::size_type size = target.size();
+    if (size == source.size() || (uri && size == source.size() + 1)) {
+        // Both are in URI order, so the binding stands at the same place in
+        // both, or in the target alone.
+        auto from = source.begin();
+        bool placed = false;
+        auto to = target.begin();
+        for (; to != target.end(); ++to) {
+            if (uri && !placed && to->first == *uri) {
+                if (from != source.end() && from->first == *uri)
+                    ++from;
+                to->second = *prefix;
+                placed = true;
+            } else if (from != source.end() && from->first == to->first) {
+                to->second = from->second;
+                ++from;
+            } else {
+                break;
+            }
+        }
+        if (to == target.end() && from == source.end() && (placed || !uri))
+            return;
+    }
+    target = source;
+    if (uri)
+        target[*uri] = *prefix;
 }
+
+} // namespace
 
 // A scope that is about to declare something gets a map of its own, so that
 // the declaration reaches its subtree only.
-void Scope::TakePrivateMap()
+void Scope::TakePrivateMap(const std::string* namespaceUri, const std::string* prefix)
 {
-    NamespaceMap* copy = new NamespaceMap(GetNamespaceMap());
+    NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
+    m_spareMap = nullptr;
+    try {
+        CopyMapWith(*copy, EffectiveMap(), namespaceUri, prefix);
+    } catch (...) {
+        delete copy;
+        throw;
+    }
     if (m_ownsMap)
         delete m_map;
     m_map = copy;
     m_ownsMap = true;
     m_inherits = false;
     m_owner = this;
+    NoteStateChange();
     // Scopes below this one may have cached an ancestor as their owner.
-    ++m_chainRoot->m_takeovers;
+    NoteNamespaceChange();
 }
 
 void Scope::SetDefaultNamespace(const std::string& namespaceUri)
@@ -120,26 +226,106 @@ void Scope::SetDefaultNamespace(const std::string& namespaceUri)
     if (m_inherits)
         TakePrivateMap();
     m_defaultNamespace = namespaceUri;
+    NoteStateChange();
 }
 
 void Scope::SetNamespaceMapValue(const std::string& namespaceUri, const std::string& prefix)
 {
     if (m_inherits) {
         std::string inheritedDefault = GetDefaultNamespace();
-        TakePrivateMap();
+        TakePrivateMap(&namespaceUri, &prefix);
         m_defaultNamespace.swap(inheritedDefault);
+    } else {
+        (*m_map)[namespaceUri] = prefix;
     }
-    (*m_map)[namespaceUri] = prefix;
+    NoteStateChange();
 }
 
+// Adding an empty prefix for a URI that had none changes no answer given
+// before, so it is no change of state.
 std::string Scope::GetNamespaceMapValue(const std::string& namespaceUri)
 {
-    return GetNamespaceMap()[namespaceUri];
+    return EffectiveMap()[namespaceUri];
 }
 
 std::string Scope::GetNamespaceMapValue(const char* namespaceUri)
 {
     return GetNamespaceMapValue(std::string(OrEmpty(namespaceUri)));
+}
+
+void Scope::ForgetTagPrefix()
+{
+    m_tagPrefixHolder = nullptr;
+    m_tagPrefixOwner = nullptr;
+    m_tagPrefixVersion = 0;
+    // Names end at a zero byte, as the stream takes them.
+    m_tagNameLength = std::strlen(m_elementName.c_str());
+}
+
+void Scope::SetTagPrefix(const std::string* prefix)
+{
+    if (prefix) {
+        // A prefix ends at a zero byte, as the stream takes it.
+        m_tagPrefix.assign(prefix->c_str());
+        m_tagPrefix.push_back(':');
+    } else {
+        m_tagPrefix.clear();
+    }
+    m_tagPrefixHolder = this;
+    m_tagPrefixOwner = NamespaceOwner();
+    m_tagPrefixVersion = m_tagPrefixOwner->m_version;
+}
+
+const std::string& Scope::StartTagPrefix(bool& isNew)
+{
+    isNew = false;
+    if (TagPrefixTrusted())
+        return m_tagPrefixHolder->m_tagPrefix;
+    // A child in its parent's namespace that shares the parent's bindings
+    // spells it as the parent did.
+    CXmlWriterContext* parent = m_parent;
+    const bool likeParent = m_inherits && parent && parent->m_namespaceUri == m_namespaceUri;
+    if (likeParent && parent->TagPrefixTrusted()) {
+        m_tagPrefixHolder = parent->m_tagPrefixHolder;
+        m_tagPrefixOwner = parent->m_tagPrefixOwner;
+        m_tagPrefixVersion = parent->m_tagPrefixVersion;
+        return m_tagPrefixHolder->m_tagPrefix;
+    }
+
+    if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace()) {
+        SetTagPrefix(nullptr);
+    } else {
+        NamespaceMap& map = EffectiveMap();
+        NamespaceMap::iterator found = map.find(m_namespaceUri);
+        if (found == map.end()) {
+            SetNamespaceMapValue(m_namespaceUri, CXmlWriter::GetUniquePrefix(map));
+            found = m_map->find(m_namespaceUri);
+            isNew = true;
+        }
+        SetTagPrefix(&found->second);
+    }
+    // The parent, in the same namespace and with the same bindings, spells
+    // its own tags alike; it keeps the answer for the next child and its end
+    // tag. No other scope below it is open to rely on what it held.
+    if (likeParent && !isNew) {
+        parent->m_tagPrefix = m_tagPrefix;
+        parent->m_tagPrefixHolder = parent;
+        parent->m_tagPrefixOwner = m_tagPrefixOwner;
+        parent->m_tagPrefixVersion = m_tagPrefixVersion;
+        m_tagPrefixHolder = parent;
+    }
+    return m_tagPrefixHolder->m_tagPrefix;
+}
+
+const std::string& Scope::EndTagPrefix()
+{
+    if (TagPrefixTrusted())
+        return m_tagPrefixHolder->m_tagPrefix;
+    if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace())
+        SetTagPrefix(nullptr);
+    else
+        SetTagPrefix(&EffectiveMap()[m_namespaceUri]);
+    return m_tagPrefix;
 }
 
 } // namespace NxXmlLib9

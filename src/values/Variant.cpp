@@ -147,6 +147,9 @@ void NxVariant::SetInvalid()
 
 void NxVariant::Clear()
 {
+    // An invalid variant holds nothing, and its word is already zero.
+    if (m_type == ItemTypeNone)
+        return;
     Install(ItemTypeNone, Value{});
 }
 
@@ -190,6 +193,11 @@ NxVariant::Value NxVariant::Duplicate(ItemType type, const Value& value)
 
 void NxVariant::Dispose(ItemType type, const Value& value) noexcept
 {
+    // The commonest kind first.
+    if (type == ItemTypeString) {
+        delete value.string;
+        return;
+    }
     switch (StorageOf(type)) {
     case Storage::Owned:
         if (value.owned != nullptr)
@@ -232,6 +240,13 @@ T NxVariant::CopyOfOwned() const
 }
 
 std::string NxVariant::GetString() const { return CopyOfOwned<std::string>(); }
+
+const std::string& NxVariant::GetStringRef() const
+{
+    static const std::string empty;
+    const std::string* held = Owned<std::string>();
+    return held != nullptr ? *held : empty;
+}
 CBinaryData NxVariant::GetHexBinary() const { return CopyOfOwned<CBinaryData>(); }
 CBinaryData NxVariant::GetBase64Binary() const { return CopyOfOwned<CBinaryData>(); }
 CDateTimeSpan NxVariant::GetDuration() const { return CopyOfOwned<CDateTimeSpan>(); }
@@ -259,7 +274,13 @@ void NxVariant::SetDay(unsigned char value) { SetInline(ItemTypeDay, &Value::day
 void NxVariant::SetChar(char value) { SetInline(ItemTypeChar, &Value::character, value); }
 void NxVariant::SetBoolean(bool value) { SetInline(ItemTypeBoolean, &Value::boolean, value); }
 
-void NxVariant::SetString(const std::string& value) { SetOwned(ItemTypeString, &Value::string, value); }
+void NxVariant::SetString(const std::string& value)
+{
+    // Copied once, straight into the held string.
+    Value stored{};
+    stored.string = new std::string(value);
+    Install(ItemTypeString, stored);
+}
 void NxVariant::SetHexBinary(const CBinaryData& value) { SetOwned(ItemTypeHexBinary, &Value::binary, value); }
 void NxVariant::SetBase64Binary(const CBinaryData& value) { SetOwned(ItemTypeBase64Binary, &Value::binary, value); }
 void NxVariant::SetDuration(const CDateTimeSpan& value) { SetOwned(ItemTypeDuration, &Value::duration, value); }

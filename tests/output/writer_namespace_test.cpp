@@ -135,6 +135,27 @@ TEST(NamespaceWriterShapes, PrefixesOfElementsAndAttributes)
     }
 }
 
+// An end tag spells the prefix bound when it is written, whether the binding
+// changed through AddNamespace or through the map a scope hands out; the
+// enclosing element keeps its own.
+TEST_F(NamespaceWriter, EndTagFollowsABindingChangedInsideTheElement)
+{
+    writer.AddNamespace("p", "urn:x");
+    writer.WriteStartElement("r", "urn:x");
+    writer.WriteStartElement("c", "urn:x");
+    writer.WriteString("v", ItemTypeString);
+    writer.AddNamespace("q", "urn:x");
+    writer.WriteEndElement();
+    writer.WriteStartElement("d", "urn:x");
+    writer.WriteString("w", ItemTypeString);
+    writer.GetCurrentContext()->GetNamespaceMap()["urn:x"] = "z";
+    writer.WriteEndElement();
+    writer.WriteStartElement("e", "urn:x");
+    writer.WriteEndElement();
+    writer.WriteEndElement();
+    EXPECT_EQ("<p:r xmlns:p=\"urn:x\"><p:c>v</q:c><p:d>w</z:d><z:e/></z:r>", Text());
+}
+
 TEST_F(NamespaceWriter, SiblingsEachDeclareTheirNewNamespace)
 {
     writer.SetFormat(true);
