@@ -35,7 +35,7 @@ public:
     void Validate(const NxXmlLib9::CXmlSerializationContext& context, bool found) const override;
 
     // Throws a plain CNxException when the value breaks a facet.
-    void CheckRestriction(const NxXmlLib9::NxVariant& value) const;
+    void CheckRestriction(NxXmlLib9::NxVariant value) const;
 
     NxXmlLib9::ItemType GetItemType() const { return m_itemType; }
 

@@ -36,7 +36,10 @@ void CAttributeInfoPrimitive::AttributeToXml(const CXmlSerializationContext& con
                 return value.GetStringRef();
             return buffer = value.ToString(m_format);
         },
-        [this](const NxVariant& value) { CheckRestriction(value); },
+        // The public check takes its value by copy; writing checks in place.
+        [this](const NxVariant& value) {
+            CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
+        },
         [](const NxVariant& value) { return value.GetItemType(); });
 }
 
@@ -59,7 +62,7 @@ void CAttributeInfoPrimitive::Validate(const CXmlSerializationContext&, bool fou
     ValidateRequiredAttribute(*this, found);
 }
 
-void CAttributeInfoPrimitive::CheckRestriction(const NxVariant& value) const
+void CAttributeInfoPrimitive::CheckRestriction(NxVariant value) const
 {
     CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
 }
