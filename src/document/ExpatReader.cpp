@@ -29,6 +29,14 @@ const char NAMESPACE_SEPARATOR = '|';
 // (and in the cache) beside the input, whatever the input's size. They also
 // keep every length within the parser's int argument.
 const unsigned long PARSE_SLICE = 32UL << 10;
+// After every call that does not end the document the parser walks the
+// bytes it consumed once more to keep its line and column count; the call
+// that ends it skips that walk. So the tail of the input goes in as one
+// final call: this share of the input, which the tree built so far (a
+// little over twice the input) leaves room for, bounded so that its length
+// still fits the int argument.
+const unsigned long FINAL_SLICE_SHARE = 3;
+const unsigned long FINAL_SLICE_LIMIT = 1UL << 30;
 // Pending text that grew beyond this is given back once it has gone into
 // its element, so that one long text does not hold memory for the rest of
 // the parse.
@@ -119,9 +127,11 @@ void CExpatReader::Parse(bool isFinal)
 
     const char* data = reinterpret_cast<const char*>(m_document.GetInputBuffer());
     unsigned long remaining = m_document.GetInputSize();
+    const unsigned long finalSlice =
+        std::min(std::max(remaining / FINAL_SLICE_SHARE, PARSE_SLICE), FINAL_SLICE_LIMIT);
     bool parsed = true;
     do {
-        const unsigned long slice = std::min(remaining, PARSE_SLICE);
+        const unsigned long slice = remaining <= finalSlice ? remaining : std::min(remaining, PARSE_SLICE);
         const bool last = slice == remaining;
         parsed = XML_Parse(m_parser, data, static_cast<int>(slice), isFinal && last) != XML_STATUS_ERROR;
         data += slice;

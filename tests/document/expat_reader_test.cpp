@@ -269,6 +269,14 @@ TEST(ExpatReaderFailures, InputLongerThanOneSliceParsesAsAWhole)
     EXPECT_EQ(lines, count);
     EXPECT_EQ(static_cast<size_t>(lines), document.GetDocumentElement()->GetText().size());
     EXPECT_EQ("mismatched tag at line 100001", ParseFailure((xml + "</x>").c_str()));
+    // The slices before the tail and the tail itself both count lines: an
+    // error early, in the middle, and late in the input names its own line.
+    const size_t lineLength = xml.size() / lines;
+    for (int line : {2, 50000, 70000, 99000}) {
+        std::string broken = xml + "</r>";
+        broken.replace(3 + (line - 1) * lineLength + 1, 1, "x");
+        EXPECT_EQ(FormatString("mismatched tag at line %d", line), ParseFailure(broken.c_str())) << line;
+    }
 }
 
 TEST(ExpatReaderDirect, AReaderServesOneParse)
