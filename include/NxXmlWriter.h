@@ -324,10 +324,11 @@ private:
     void AppendIndent(unsigned depth);
     void AppendNamespaceDeclaration(const std::string& prefix, const std::string& namespaceUri);
     // A stream that drains elsewhere is asked to once it holds more than
-    // 4095 characters.
+    // 4095 characters. A plain in-memory stream has nothing to drain, so it
+    // is spared the call on every piece of markup once it is that long.
     void FlushCheck()
     {
-        if (m_stream.GetLength() > 4095)
+        if (m_streamDrains && m_stream.GetLength() > 4095)
             m_stream.Flush();
     }
     CXmlWriterContext& OpenStartTag() const;
@@ -336,6 +337,8 @@ private:
     EOLType m_eolType;
     bool m_format;
     CTextStream& m_stream;
+    // False when the stream is exactly a CTextStream, whose Flush does nothing.
+    bool m_streamDrains;
 };
 
 } // namespace NxXmlLib9
