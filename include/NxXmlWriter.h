@@ -2,6 +2,7 @@
 // scopes and namespace prefixes, and the writer that turns it into XML text.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>
@@ -125,8 +126,14 @@ public:
             const CXmlWriterContext* owner = NamespaceOwner();
             return owner == m_tagPrefixOwner && owner->m_version == m_tagPrefixVersion;
         }
-        // Counts a change of this scope's own map or default namespace.
-        void NoteStateChange() const { ++m_version; }
+        // Marks a change of this scope's own map or default namespace. The
+        // mark is new among all scopes, so a scope made later at the same
+        // address never repeats a mark that another scope remembers.
+        void NoteStateChange() const { m_version = NextVersion(); }
+        static unsigned long NextVersion();
+        // Takes back the map and prefix this scope made for its own tag the
+        // last time, when they are still what working them out would give.
+        bool ReuseMadeBinding(const CXmlWriterContext* owner);
         // Sets this scope's tag prefix from a bound prefix (null for none).
         void SetTagPrefix(const std::string* prefix);
         void ForgetTagPrefix();
@@ -171,6 +178,24 @@ public:
         std::string::size_type m_tagNameLength;
         // An owned map from an earlier use of a recycled scope.
         NamespaceMap* m_spareMap;
+
+        // A recycled scope often opens the next element of a namespace that
+        // its bindings lack, as the last one did: it then made a prefix and
+        // a private map, the effective one with that binding added. While
+        // the spare map still holds exactly that (m_madeValid) and the scope
+        // it was copied from is unchanged (same mark, same size, as a look-up
+        // of a missing URI adds it without a new mark), both are taken back.
+        const CXmlWriterContext* m_madeOwner;
+        unsigned long m_madeOwnerVersion;
+        std::size_t m_madeOwnerSize;
+        std::string m_madeUri;
+        std::string m_madeTagPrefix;
+        // The state of the map right after the binding was made, to tell
+        // whether it is set aside unchanged.
+        unsigned long m_madeVersion;
+        std::size_t m_madeSize;
+        bool m_madePending;
+        bool m_madeValid;
     };
 
     // "http://www.w3.org/XML/1998/namespace", bound to the prefix "xml".
@@ -299,10 +324,11 @@ private:
     void AppendIndent(unsigned depth);
     void AppendNamespaceDeclaration(const std::string& prefix, const std::string& namespaceUri);
     // A stream that drains elsewhere is asked to once it holds more than
-    // 4095 characters.
+    // 4095 characters. A plain in-memory stream has nothing to drain, so it
+    // is spared the call on every piece of markup once it is that long.
     void FlushCheck()
     {
-        if (m_stream.GetLength() > 4095)
+        if (m_streamDrains && m_stream.GetLength() > 4095)
             m_stream.Flush();
     }
     CXmlWriterContext& OpenStartTag() const;
@@ -311,6 +337,8 @@ private:
     EOLType m_eolType;
     bool m_format;
     CTextStream& m_stream;
+    // False when the stream is exactly a CTextStream, whose Flush does nothing.
+    bool m_streamDrains;
 };
 
 } // namespace NxXmlLib9

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <typeinfo>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -25,7 +26,11 @@ const unsigned kTabsLength = sizeof(kTabs) - 1;
 } // namespace
 
 CXmlTextWriter::CXmlTextWriter(CTextStream& stream)
-    : m_lineEnd("\n"), m_eolType(EOLTypeLF), m_format(true), m_stream(stream)
+    : m_lineEnd("\n"),
+      m_eolType(EOLTypeLF),
+      m_format(true),
+      m_stream(stream),
+      m_streamDrains(typeid(stream) != typeid(CTextStream))
 {
 }
 

@@ -1,11 +1,19 @@
 #include "NxXmlWriter.h"
 #include "foundation/TextArgument.h"
 
+#include <atomic>
 #include <cstring>
 
 namespace NxXmlLib9 {
 
 typedef CXmlWriter::CXmlWriterContext Scope;
+
+unsigned long Scope::NextVersion()
+{
+    // Writers on several threads draw from the one counter.
+    static std::atomic<unsigned long> counter(0);
+    return counter.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          CXmlWriterContext* parent)
@@ -15,7 +23,14 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
       m_ownsMap(false),
       m_takeovers(0),
       m_version(0),
-      m_spareMap(nullptr)
+      m_spareMap(nullptr),
+      m_madeOwner(nullptr),
+      m_madeOwnerVersion(0),
+      m_madeOwnerSize(0),
+      m_madeVersion(0),
+      m_madeSize(0),
+      m_madePending(false),
+      m_madeValid(false)
 {
     InitChild(name, namespaceUri, parent);
 }
@@ -29,7 +44,14 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
       m_ownsMap(false),
       m_takeovers(0),
       m_version(0),
-      m_spareMap(nullptr)
+      m_spareMap(nullptr),
+      m_madeOwner(nullptr),
+      m_madeOwnerVersion(0),
+      m_madeOwnerSize(0),
+      m_madeVersion(0),
+      m_madeSize(0),
+      m_madePending(false),
+      m_madeValid(false)
 {
     InitRoot(name, namespaceUri, defaultNamespace, map);
     m_parent = parent;
@@ -63,6 +85,7 @@ void Scope::InitChild(const std::string& name, const std::string& namespaceUri, 
         NamespaceMap* map = m_spareMap ? m_spareMap : new NamespaceMap();
         map->clear();
         m_spareMap = nullptr;
+        m_madeValid = false;
         m_map = map;
         m_inherits = false;
         m_ownsMap = true;
@@ -79,6 +102,7 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
     SetMapAside();
     NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
     m_spareMap = nullptr;
+    m_madeValid = false;
     try {
         *copy = map;
     } catch (...) {
@@ -109,11 +133,15 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
 void Scope::SetMapAside()
 {
     if (m_ownsMap && m_map) {
-        if (m_spareMap)
+        if (m_spareMap) {
             delete m_map;
-        else
+        } else {
             m_spareMap = m_map;
+            // Still the map of the binding made for the tag, and nothing else?
+            m_madeValid = m_madePending && m_version == m_madeVersion && m_map->size() == m_madeSize;
+        }
     }
+    m_madePending = false;
     m_map = nullptr;
     m_ownsMap = false;
 }
@@ -204,6 +232,7 @@ void Scope::TakePrivateMap(const std::string* namespaceUri, const std::string* p
 {
     NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
     m_spareMap = nullptr;
+    m_madeValid = false;
     try {
         CopyMapWith(*copy, EffectiveMap(), namespaceUri, prefix);
     } catch (...) {
@@ -292,17 +321,36 @@ const std::string& Scope::StartTagPrefix(bool& isNew)
         return m_tagPrefixHolder->m_tagPrefix;
     }
 
-    if (m_namespaceUri.empty() || m_namespaceUri == GetDefaultNamespace()) {
+    const CXmlWriterContext* owner = NamespaceOwner();
+    if (m_namespaceUri.empty() || m_namespaceUri == owner->m_defaultNamespace) {
         SetTagPrefix(nullptr);
+    } else if (m_inherits && ReuseMadeBinding(owner)) {
+        isNew = true;
     } else {
-        NamespaceMap& map = EffectiveMap();
+        NamespaceMap& map = *owner->m_map;
+        const std::size_t ownerSize = map.size();
+        const unsigned long ownerVersion = owner->m_version;
         NamespaceMap::iterator found = map.find(m_namespaceUri);
         if (found == map.end()) {
+            const bool wasInheriting = m_inherits;
             SetNamespaceMapValue(m_namespaceUri, CXmlWriter::GetUniquePrefix(map));
             found = m_map->find(m_namespaceUri);
             isNew = true;
+            SetTagPrefix(&found->second);
+            if (wasInheriting) {
+                // Remembered for the next use of this scope.
+                m_madeOwner = owner;
+                m_madeOwnerVersion = ownerVersion;
+                m_madeOwnerSize = ownerSize;
+                m_madeUri = m_namespaceUri;
+                m_madeTagPrefix = m_tagPrefix;
+                m_madeVersion = m_version;
+                m_madeSize = m_map->size();
+                m_madePending = true;
+            }
+        } else {
+            SetTagPrefix(&found->second);
         }
-        SetTagPrefix(&found->second);
     }
     // The parent, in the same namespace and with the same bindings, spells
     // its own tags alike; it keeps the answer for the next child and its end
@@ -315,6 +363,32 @@ const std::string& Scope::StartTagPrefix(bool& isNew)
         m_tagPrefixHolder = parent;
     }
     return m_tagPrefixHolder->m_tagPrefix;
+}
+
+bool Scope::ReuseMadeBinding(const CXmlWriterContext* owner)
+{
+    if (!m_madeValid || owner != m_madeOwner || owner->m_version != m_madeOwnerVersion ||
+        owner->m_map->size() != m_madeOwnerSize || m_namespaceUri != m_madeUri)
+        return false;
+    // The same steps as taking a private map with the binding added, without
+    // the copy: the spare map holds the result already.
+    m_defaultNamespace = owner->m_defaultNamespace;
+    m_map = m_spareMap;
+    m_spareMap = nullptr;
+    m_madeValid = false;
+    m_ownsMap = true;
+    m_inherits = false;
+    m_owner = this;
+    NoteStateChange();
+    NoteNamespaceChange();
+    m_tagPrefix = m_madeTagPrefix;
+    m_tagPrefixHolder = this;
+    m_tagPrefixOwner = this;
+    m_tagPrefixVersion = m_version;
+    m_madeVersion = m_version;
+    m_madeSize = m_map->size();
+    m_madePending = true;
+    return true;
 }
 
 const std::string& Scope::EndTagPrefix()

@@ -224,3 +224,51 @@ TEST(NamespaceWriterDepth, DeepNamespacedTree)
     EXPECT_EQ(25u + 6u * (depth - 1) + 2u + 7u * (depth - 1), text.size());
     EXPECT_EQ(25u + 6u * (depth - 1), text.find("/></AA:e></AA:e>"));
 }
+
+// A recycled scope that made a prefix for its element takes it back for the
+// next element of that namespace only while the bindings it came from, and
+// the map it made, are still what they were.
+TEST(NamespaceWriterReuse, MadeBindingsFollowEveryChange)
+{
+    struct Case {
+        const char* name;
+        const char* before;
+        void (*change)(CXmlTextWriter&);
+        const char* after;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"same namespace again", "<r|<a{urn:n}|>", nullptr, "<a{urn:n}|>|<a{urn:n}|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><AA:a xmlns:AA=\"urn:n\"/><AA:a xmlns:AA=\"urn:n\"/></r>"},
+        {"another namespace", "<r|<a{urn:n}|>", nullptr, "<a{urn:m}|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><AA:a xmlns:AA=\"urn:m\"/></r>"},
+        {"parent binds the namespace", "<r|<a{urn:n}|>",
+         [](CXmlTextWriter& w) { w.AddNamespace("p", "urn:n"); }, "<a{urn:n}|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><p:a/></r>"},
+        {"parent takes the generated prefix", "<r|<a{urn:n}|>",
+         [](CXmlTextWriter& w) { w.AddNamespace("AA", "urn:o"); }, "<a{urn:n}|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><AB:a xmlns:AB=\"urn:n\"/></r>"},
+        {"parent gives the generated prefix to a bound namespace", "<r|<a{urn:n}|>",
+         [](CXmlTextWriter& w) { w.AddNamespace("AA", CXmlWriter::XML_NAMESPACE); }, "<a{urn:n}|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><AB:a xmlns:AB=\"urn:n\"/></r>"},
+        {"parent makes it the default", "<r|<a{urn:n}|>",
+         [](CXmlTextWriter& w) { w.SetDefaultNamespace("urn:n"); }, "<a{urn:n}|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><a/></r>"},
+        {"element binds more inside", "<r|<a{urn:n}",
+         [](CXmlTextWriter& w) { w.AddNamespace("q", "urn:q"); }, ">|<a{urn:n}|<b{urn:q}|>|>|>",
+         "<r><AA:a xmlns:AA=\"urn:n\"/><AA:a xmlns:AA=\"urn:n\"><AB:b xmlns:AB=\"urn:q\"/></AA:a></r>"},
+        {"under another parent", "<r|<p|<a{urn:n}|>|>",
+         nullptr, "<p{urn:n}|<a{urn:n}|>|>|>",
+         "<r><p><AA:a xmlns:AA=\"urn:n\"/></p><AA:p xmlns:AA=\"urn:n\"><AA:a/></AA:p></r>"},
+    };
+    for (const Case& c : cases) {
+        CTextStream stream;
+        CXmlTextWriter writer(stream);
+        writer.SetFormat(false);
+        Drive(writer, c.before);
+        if (c.change)
+            c.change(writer);
+        Drive(writer, c.after);
+        EXPECT_EQ(c.expected, std::string(stream.GetText())) << c.name;
+    }
+}
