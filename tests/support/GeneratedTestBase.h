@@ -5,6 +5,7 @@
 // repeated child objects that generated code supplies.
 #pragma once
 
+#include <atomic>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -149,15 +150,26 @@ private:
         array[records.size()] = nullptr;
         return array;
     }
+    // Every walk asks for the tables once per object: after the first build
+    // the answer is one atomic load, as in the compiler's own classes.
     static const Records& Tables()
     {
         static Records records;
+        static std::atomic<bool> built(false);
+        if (built.load(std::memory_order_acquire))
+            return records;
         m_csInit.Enter();
-        if (!records.info) {
-            records.info = Derived::MakeInfo();
-            records.elements = Terminated(Derived::MakeElements());
-            records.attributes = Terminated(Derived::MakeAttributes());
+        try {
+            if (!records.info) {
+                records.info = Derived::MakeInfo();
+                records.elements = Terminated(Derived::MakeElements());
+                records.attributes = Terminated(Derived::MakeAttributes());
+            }
+        } catch (...) {
+            m_csInit.Leave();
+            throw;
         }
+        built.store(true, std::memory_order_release);
         m_csInit.Leave();
         return records;
     }
