@@ -147,19 +147,19 @@ public:
         unsigned m_depth;
         std::string m_namespaceUri;
         std::string m_elementName;
-        CXmlWriterContext* m_parent;
+        CXmlWriterContext* m_parent = nullptr;
         bool m_attributesWritten;
         std::string m_defaultNamespace;
-        NamespaceMap* m_map;
+        NamespaceMap* m_map = nullptr;
         bool m_inherits;
-        bool m_ownsMap;
+        bool m_ownsMap = false;
 
         // Finding the nearest scope with its own namespace state would walk
         // the parents on every look-up, which is quadratic in a deep tree.
         // The answer is cached, and the cache is dropped whenever any scope
         // of the chain takes state of its own (counted at the chain's root).
         CXmlWriterContext* m_chainRoot;
-        mutable unsigned long m_takeovers;
+        mutable unsigned long m_takeovers = 0;
         mutable const CXmlWriterContext* m_owner;
         mutable unsigned long m_ownerStamp;
 
@@ -174,10 +174,10 @@ public:
         const CXmlWriterContext* m_tagPrefixOwner;
         unsigned long m_tagPrefixVersion;
         // Changes of this scope's own namespace state, never reset.
-        mutable unsigned long m_version;
+        mutable unsigned long m_version = 0;
         std::string::size_type m_tagNameLength;
         // An owned map from an earlier use of a recycled scope.
-        NamespaceMap* m_spareMap;
+        NamespaceMap* m_spareMap = nullptr;
 
         // A recycled scope often opens the next element of a namespace that
         // its bindings lack, as the last one did: it then made a prefix and
@@ -185,17 +185,17 @@ public:
         // the spare map still holds exactly that (m_madeValid) and the scope
         // it was copied from is unchanged (same mark, same size, as a look-up
         // of a missing URI adds it without a new mark), both are taken back.
-        const CXmlWriterContext* m_madeOwner;
-        unsigned long m_madeOwnerVersion;
-        std::size_t m_madeOwnerSize;
+        const CXmlWriterContext* m_madeOwner = nullptr;
+        unsigned long m_madeOwnerVersion = 0;
+        std::size_t m_madeOwnerSize = 0;
         std::string m_madeUri;
         std::string m_madeTagPrefix;
         // The state of the map right after the binding was made, to tell
         // whether it is set aside unchanged.
-        unsigned long m_madeVersion;
-        std::size_t m_madeSize;
-        bool m_madePending;
-        bool m_madeValid;
+        unsigned long m_madeVersion = 0;
+        std::size_t m_madeSize = 0;
+        bool m_madePending = false;
+        bool m_madeValid = false;
     };
 
     // "http://www.w3.org/XML/1998/namespace", bound to the prefix "xml".

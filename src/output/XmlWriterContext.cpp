@@ -17,20 +17,7 @@ unsigned long Scope::NextVersion()
 
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          CXmlWriterContext* parent)
-    : CInstanceMonitor("CXmlWriterContext"),
-      m_parent(nullptr),
-      m_map(nullptr),
-      m_ownsMap(false),
-      m_takeovers(0),
-      m_version(0),
-      m_spareMap(nullptr),
-      m_madeOwner(nullptr),
-      m_madeOwnerVersion(0),
-      m_madeOwnerSize(0),
-      m_madeVersion(0),
-      m_madeSize(0),
-      m_madePending(false),
-      m_madeValid(false)
+    : CInstanceMonitor("CXmlWriterContext")
 {
     InitChild(name, namespaceUri, parent);
 }
@@ -38,20 +25,7 @@ Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUr
 Scope::CXmlWriterContext(const std::string& name, const std::string& namespaceUri,
                          const std::string& defaultNamespace, const NamespaceMap& map,
                          CXmlWriterContext* parent)
-    : CInstanceMonitor("CXmlWriterContext"),
-      m_parent(nullptr),
-      m_map(nullptr),
-      m_ownsMap(false),
-      m_takeovers(0),
-      m_version(0),
-      m_spareMap(nullptr),
-      m_madeOwner(nullptr),
-      m_madeOwnerVersion(0),
-      m_madeOwnerSize(0),
-      m_madeVersion(0),
-      m_madeSize(0),
-      m_madePending(false),
-      m_madeValid(false)
+    : CInstanceMonitor("CXmlWriterContext")
 {
     InitRoot(name, namespaceUri, defaultNamespace, map);
     m_parent = parent;
