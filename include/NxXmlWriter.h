@@ -103,6 +103,14 @@ public:
         // Keeps an owned map for the next use of the scope, which spares
         // its nodes.
         void SetMapAside();
+        // The map kept aside (or a new one), filled by fill; freed when
+        // fill throws.
+        template <class Fill>
+        NamespaceMap* SpareMapFilled(Fill fill);
+        // Makes map the scope's own namespace state; StartChain also makes
+        // the scope the root of its chain of owners.
+        void OwnMap(NamespaceMap* map);
+        void StartChain(NamespaceMap* map);
         // The nearest scope with namespace state of its own; the answer is
         // cached until the state of the chain changes.
         const CXmlWriterContext* NamespaceOwner() const

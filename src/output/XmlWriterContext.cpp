@@ -56,17 +56,7 @@ void Scope::InitChild(const std::string& name, const std::string& namespaceUri, 
         m_map = m_owner->m_map;
     } else {
         // Without a parent there is nothing to share: start empty instead.
-        NamespaceMap* map = m_spareMap ? m_spareMap : new NamespaceMap();
-        map->clear();
-        m_spareMap = nullptr;
-        m_madeValid = false;
-        m_map = map;
-        m_inherits = false;
-        m_ownsMap = true;
-        m_chainRoot = this;
-        m_owner = this;
-        m_ownerStamp = m_takeovers;
-        NoteStateChange();
+        StartChain(SpareMapFilled([](NamespaceMap& map) { map.clear(); }));
     }
 }
 
@@ -74,17 +64,7 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
                      const NamespaceMap& map)
 {
     SetMapAside();
-    NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
-    m_spareMap = nullptr;
-    m_madeValid = false;
-    try {
-        *copy = map;
-    } catch (...) {
-        // Also when called from the constructor, which has no destructor
-        // to run yet.
-        delete copy;
-        throw;
-    }
+    NamespaceMap* copy = SpareMapFilled([&map](NamespaceMap& target) { target = map; });
     m_childCount = 0;
     m_startTagOpen = true;
     m_depth = 0;
@@ -93,15 +73,42 @@ void Scope::InitRoot(const std::string& name, const std::string& namespaceUri, c
     m_parent = nullptr;
     m_attributesWritten = false;
     m_defaultNamespace = defaultNamespace;
-    m_map = copy;
-    m_inherits = false;
-    m_ownsMap = true;
-    m_chainRoot = this;
-    m_owner = this;
-    m_ownerStamp = m_takeovers;
     ForgetTagPrefix();
     // A recycled scope is new state: nothing kept from its last use matches.
+    StartChain(copy);
+}
+
+template <class Fill>
+CXmlWriter::NamespaceMap* Scope::SpareMapFilled(Fill fill)
+{
+    NamespaceMap* map = m_spareMap ? m_spareMap : new NamespaceMap();
+    m_spareMap = nullptr;
+    m_madeValid = false;
+    try {
+        fill(*map);
+    } catch (...) {
+        // Also when called from the constructor, which has no destructor
+        // to run yet.
+        delete map;
+        throw;
+    }
+    return map;
+}
+
+void Scope::OwnMap(NamespaceMap* map)
+{
+    m_map = map;
+    m_ownsMap = true;
+    m_inherits = false;
+    m_owner = this;
     NoteStateChange();
+}
+
+void Scope::StartChain(NamespaceMap* map)
+{
+    OwnMap(map);
+    m_chainRoot = this;
+    m_ownerStamp = m_takeovers;
 }
 
 void Scope::SetMapAside()
@@ -204,22 +211,11 @@ void CopyMapWith(CXmlWriter::NamespaceMap& target, const CXmlWriter::NamespaceMa
 // the declaration reaches its subtree only.
 void Scope::TakePrivateMap(const std::string* namespaceUri, const std::string* prefix)
 {
-    NamespaceMap* copy = m_spareMap ? m_spareMap : new NamespaceMap();
-    m_spareMap = nullptr;
-    m_madeValid = false;
-    try {
-        CopyMapWith(*copy, EffectiveMap(), namespaceUri, prefix);
-    } catch (...) {
-        delete copy;
-        throw;
-    }
+    NamespaceMap* copy = SpareMapFilled(
+        [&](NamespaceMap& target) { CopyMapWith(target, EffectiveMap(), namespaceUri, prefix); });
     if (m_ownsMap)
         delete m_map;
-    m_map = copy;
-    m_ownsMap = true;
-    m_inherits = false;
-    m_owner = this;
-    NoteStateChange();
+    OwnMap(copy);
     // Scopes below this one may have cached an ancestor as their owner.
     NoteNamespaceChange();
 }
@@ -347,13 +343,7 @@ bool Scope::ReuseMadeBinding(const CXmlWriterContext* owner)
     // The same steps as taking a private map with the binding added, without
     // the copy: the spare map holds the result already.
     m_defaultNamespace = owner->m_defaultNamespace;
-    m_map = m_spareMap;
-    m_spareMap = nullptr;
-    m_madeValid = false;
-    m_ownsMap = true;
-    m_inherits = false;
-    m_owner = this;
-    NoteStateChange();
+    OwnMap(SpareMapFilled([](NamespaceMap&) {}));
     NoteNamespaceChange();
     m_tagPrefix = m_madeTagPrefix;
     m_tagPrefixHolder = this;
